@@ -1,0 +1,70 @@
+#include "bench_harness.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cwchar>
+#include <vector>
+
+namespace {
+
+std::vector<BenchCase>& Cases() {
+    static std::vector<BenchCase> cases;
+    return cases;
+}
+
+double NowMs() {
+    static LARGE_INTEGER frequency = [] {
+        LARGE_INTEGER f;
+        QueryPerformanceFrequency(&f);
+        return f;
+    }();
+    LARGE_INTEGER now;
+    QueryPerformanceCounter(&now);
+    return 1000.0 * static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
+}
+
+// The best of the repetitions: the figure least disturbed by the rest of the machine.
+double BestOf(const std::function<void()>& run, int repetitions) {
+    double best = 1e300;
+    for (int i = 0; i < repetitions; ++i) {
+        double start = NowMs();
+        run();
+        best = std::min(best, NowMs() - start);
+    }
+    return best;
+}
+
+bool Matches(const char* name, const wchar_t* filter) {
+    if (!filter) return true;
+    wchar_t wide[256];
+    swprintf(wide, 256, L"%hs", name);
+    return wcsstr(wide, filter) != nullptr;
+}
+
+volatile long long g_sink;
+
+}  // namespace
+
+BenchRegistration::BenchRegistration(BenchCase benchCase) { Cases().push_back(std::move(benchCase)); }
+
+void BenchKeep(long long value) { g_sink = g_sink + value; }
+
+int RunBenchmarks(const wchar_t* filter) {
+    printf("%-44s %12s %12s %8s\n", "case (baseline)", "ms", "baseline ms", "ratio");
+    for (const BenchCase& c : Cases()) {
+        if (!Matches(c.name, filter)) continue;
+        if (c.setUp) c.setUp();
+        int repetitions = std::max(1, c.repetitions);
+        c.work();  // warm caches and the registry once before timing either side
+        c.baseline();
+        double work = BestOf(c.work, repetitions);
+        double baseline = BestOf(c.baseline, repetitions);
+        if (c.tearDown) c.tearDown();
+        printf("%-44s %12.3f %12.3f %8.2f\n", c.name, work, baseline, baseline > 0 ? work / baseline : 0.0);
+        printf("  (baseline: %s)\n", c.baselineName);
+        fflush(stdout);
+    }
+    return 0;
+}

@@ -1,0 +1,89 @@
+# Shared by the project's scripts: paths, Debian packages, Wine prefixes and X displays.
+# Sourced, not run.
+
+QL_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+QL_BUILD=${QL_BUILD:-$QL_ROOT/build}
+QL_BIN=$QL_BUILD/bin
+
+export WINEDEBUG=${WINEDEBUG:--all}
+# No Mono or Gecko installers: the program needs neither, and they would ask questions.
+export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
+
+ql_die() { echo "error: $*" >&2; exit 1; }
+ql_say() { echo "== $*" >&2; }
+
+QL_PACKAGES=(cmake make g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 wine wine64 fonts-wine
+             xvfb xauth x11-utils imagemagick googletest libstb-dev)
+
+# Installs the Debian packages that are missing; does nothing when all are there.
+ql_install_packages() {
+    local missing=() p
+    for p in "${QL_PACKAGES[@]}"; do
+        dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    ql_say "installing Debian packages: ${missing[*]}"
+    local sudo=
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || ql_die "missing packages (${missing[*]}) and no sudo to install them"
+        sudo=sudo
+    fi
+    $sudo apt-get update -q || ql_die "apt-get update failed"
+    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -q --no-install-recommends "${missing[@]}" \
+        || ql_die "could not install: ${missing[*]}"
+}
+
+# Configures (once) and builds everything.
+ql_build() {
+    if [ ! -f "$QL_BUILD/CMakeCache.txt" ]; then
+        cmake -S "$QL_ROOT" -B "$QL_BUILD" -DCMAKE_TOOLCHAIN_FILE="$QL_ROOT/cmake/mingw-w64.cmake" \
+            -DCMAKE_BUILD_TYPE=Release >/dev/null || ql_die "cmake configuration failed"
+    fi
+    cmake --build "$QL_BUILD" -j "$(nproc)" -- --no-print-directory >"$QL_BUILD/build.log" 2>&1 \
+        || { tail -n 60 "$QL_BUILD/build.log" >&2; ql_die "build failed (full log: $QL_BUILD/build.log)"; }
+}
+
+QL_DEVICE_DIR='drive_c/Program Files/Orvane/Quillory'
+
+# Creates a Wine prefix with Tahoma installed, once; takes the prefix path.
+ql_ensure_prefix() {
+    local prefix=$1
+    [ -f "$prefix/.ql-ready" ] && return 0
+    ql_say "creating Wine prefix $prefix"
+    mkdir -p "$prefix"
+    WINEPREFIX=$prefix wineboot -i >/dev/null 2>&1 || ql_die "wineboot failed for $prefix"
+    local font
+    for font in tahoma.ttf tahomabd.ttf marlett.ttf; do
+        [ -f "/usr/share/wine/fonts/$font" ] || ql_die "/usr/share/wine/fonts/$font missing (package fonts-wine)"
+        cp "/usr/share/wine/fonts/$font" "$prefix/drive_c/windows/Fonts/"
+    done
+    WINEPREFIX=$prefix wine reg add 'HKLM\Software\Microsoft\today\items\Quillory' /v ProgramFiles \
+        /t REG_SZ /d '\Program Files' /f >/dev/null 2>&1 || ql_die "could not write the registry of $prefix"
+    touch "$prefix/.ql-ready"
+}
+
+# Copies the program and its libraries into the prefix's device layout.
+ql_install_layout() {
+    local prefix=$1 dir="$1/$QL_DEVICE_DIR"
+    mkdir -p "$dir/LangRes"
+    cp -u "$QL_BIN/QLEngRc.dll" "$dir/LangRes/"
+    cp -u "$QL_BIN/LowDpiRes.dll" "$QL_BIN/HighDpiRes.dll" "$QL_BIN/ql_options.exe" "$dir/"
+}
+
+# Starts Xvfb on a free display; sets QL_XVFB_PID and exports DISPLAY.
+ql_start_xvfb() {
+    local size=${1:-1024x768x24} n
+    command -v Xvfb >/dev/null || ql_die "Xvfb missing (package xvfb)"
+    for n in $(seq 91 140); do
+        [ -e "/tmp/.X$n-lock" ] && continue
+        Xvfb ":$n" -screen 0 "$size" -nolisten tcp >/dev/null 2>&1 &
+        QL_XVFB_PID=$!
+        sleep 0.5
+        if kill -0 "$QL_XVFB_PID" 2>/dev/null && xdpyinfo -display ":$n" >/dev/null 2>&1; then
+            export DISPLAY=":$n"
+            return 0
+        fi
+        kill "$QL_XVFB_PID" 2>/dev/null
+    done
+    ql_die "could not start Xvfb"
+}

@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# Builds QL Options, installs the device layout into a Wine prefix kept for the user, and starts
+# the program with drive C: current. With no X display it runs under Xvfb, saves a screenshot of
+# the program's window, prints the PNG's path and ends the program.
+set -euo pipefail
+source "$(dirname "$0")/common.sh"
+ql_install_packages
+ql_build
+
+prefix=${QL_RUN_PREFIX:-${XDG_DATA_HOME:-$HOME/.local/share}/ql-options/wineprefix}
+ql_ensure_prefix "$prefix"
+ql_install_layout "$prefix"
+[ -x "$QL_ROOT/scripts/seed-device.sh" ] && "$QL_ROOT/scripts/seed-device.sh" "$prefix"
+export WINEPREFIX=$prefix
+
+headless=0
+if [ -z "${DISPLAY:-}" ] || ! xdpyinfo >/dev/null 2>&1; then
+    headless=1
+    ql_start_xvfb 800x600x24
+fi
+
+cd "$prefix/drive_c"
+program='C:\Program Files\Orvane\Quillory\ql_options.exe'
+if [ $headless -eq 0 ]; then
+    exec wine "$program" "$@"
+fi
+
+# Headless: Wine's own desktop window frames the program so the title bar is drawn.
+wine explorer /desktop=QLOptions,320x420 "$program" "$@" >/dev/null 2>&1 &
+shot=$QL_BUILD/run/ql_options.png
+mkdir -p "$(dirname "$shot")"
+found=
+for _ in $(seq 1 120); do
+    if xwininfo -root -tree 2>/dev/null | grep -q '"QL Options"'; then found=1; break; fi
+    sleep 0.5
+done
+stop() { wineserver -k >/dev/null 2>&1 || true; kill "$QL_XVFB_PID" 2>/dev/null || true; }
+if [ -z "$found" ]; then stop; ql_die "the QL Options window did not appear"; fi
+sleep 2
+desktop=$(xwininfo -root -tree | grep -E '"QLOptions|Wine desktop' | head -n 1 | awk '{print $1}')
+import -window "${desktop:-root}" "$shot" || { stop; ql_die "screenshot failed"; }
+stop
+echo "$shot"

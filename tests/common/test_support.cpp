@@ -1,0 +1,186 @@
+#include "common/test_support.h"
+
+#include <cstdio>
+#include <vector>
+
+std::wstring TestBinDir() {
+    wchar_t path[MAX_PATH];
+    DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
+    std::wstring folder(path, length);
+    return folder.substr(0, folder.find_last_of(L'\\'));
+}
+
+ScratchFolder::ScratchFolder(const wchar_t* name) {
+    wchar_t temp[MAX_PATH];
+    GetTempPathW(MAX_PATH, temp);
+    path_ = std::wstring(temp) + L"qltest_" + name;
+    RemoveTree(path_);
+    CreateDirectoryW(path_.c_str(), nullptr);
+}
+
+ScratchFolder::~ScratchFolder() { RemoveTree(path_); }
+
+void RemoveTree(const std::wstring& path) {
+    WIN32_FIND_DATAW data;
+    HANDLE find = FindFirstFileW((path + L"\\*").c_str(), &data);
+    if (find != INVALID_HANDLE_VALUE) {
+        do {
+            std::wstring name = data.cFileName;
+            if (name == L"." || name == L"..") continue;
+            std::wstring child = path + L"\\" + name;
+            if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
+                RemoveTree(child);
+            } else {
+                SetFileAttributesW(child.c_str(), FILE_ATTRIBUTE_NORMAL);
+                DeleteFileW(child.c_str());
+            }
+        } while (FindNextFileW(find, &data));
+        FindClose(find);
+    }
+    RemoveDirectoryW(path.c_str());
+}
+
+void WriteBytes(const std::wstring& path, const std::string& bytes) {
+    FILE* file = _wfopen(path.c_str(), L"wb");
+    ASSERT_NE(file, nullptr);
+    fwrite(bytes.data(), 1, bytes.size(), file);
+    fclose(file);
+}
+
+std::string ReadBytes(const std::wstring& path) {
+    std::string bytes;
+    FILE* file = _wfopen(path.c_str(), L"rb");
+    if (!file) return bytes;
+    char block[4096];
+    size_t got;
+    while ((got = fread(block, 1, sizeof block, file)) > 0) bytes.append(block, got);
+    fclose(file);
+    return bytes;
+}
+
+std::string Utf16Bytes(const std::wstring& text) {
+    std::string bytes;
+    for (wchar_t c : text) {
+        bytes.push_back(static_cast<char>(c & 0xFF));
+        bytes.push_back(static_cast<char>((c >> 8) & 0xFF));
+    }
+    return bytes;
+}
+
+void PumpMessages() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+// ---- registry ---------------------------------------------------------------------------------
+
+namespace {
+
+struct ReadValue {
+    bool found = false;
+    DWORD type = 0;
+    std::vector<BYTE> data;
+};
+
+ReadValue Read(HKEY root, const wchar_t* path, const wchar_t* name) {
+    ReadValue value;
+    HKEY key;
+    if (RegOpenKeyExW(root, path, 0, KEY_READ, &key) != ERROR_SUCCESS) return value;
+    DWORD size = 0;
+    if (RegQueryValueExW(key, name, nullptr, &value.type, nullptr, &size) == ERROR_SUCCESS) {
+        value.data.resize(size);
+        value.found = RegQueryValueExW(key, name, nullptr, &value.type, value.data.data(), &size) == ERROR_SUCCESS;
+        value.data.resize(size);
+    }
+    RegCloseKey(key);
+    return value;
+}
+
+std::string Narrow(const std::wstring& text) {
+    std::string out;
+    for (wchar_t c : text) out.push_back(c < 128 ? static_cast<char>(c) : '?');
+    return out;
+}
+
+std::string Where(const wchar_t* path, const wchar_t* name) {
+    return Narrow(path) + " \\ " + Narrow(name ? name : L"(default)");
+}
+
+HKEY Create(HKEY root, const wchar_t* path) {
+    HKEY key = nullptr;
+    RegCreateKeyExW(root, path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr);
+    return key;
+}
+
+}  // namespace
+
+bool RegValueExists(HKEY root, const wchar_t* path, const wchar_t* name) { return Read(root, path, name).found; }
+
+bool RegKeyExists(HKEY root, const wchar_t* path) {
+    HKEY key;
+    if (RegOpenKeyExW(root, path, 0, KEY_READ, &key) != ERROR_SUCCESS) return false;
+    RegCloseKey(key);
+    return true;
+}
+
+void RegRemoveTree(HKEY root, const wchar_t* path) {
+    HKEY key;
+    if (RegOpenKeyExW(root, path, 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) return;
+    wchar_t child[256];
+    for (;;) {
+        DWORD length = 256;
+        if (RegEnumKeyExW(key, 0, child, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
+        std::wstring childPath = std::wstring(path) + L"\\" + child;
+        RegRemoveTree(root, childPath.c_str());
+    }
+    RegCloseKey(key);
+    RegDeleteKeyW(root, path);
+}
+
+void RegPutDword(HKEY root, const wchar_t* path, const wchar_t* name, DWORD value) {
+    RegPutRaw(root, path, name, REG_DWORD, &value, sizeof value);
+}
+
+void RegPutString(HKEY root, const wchar_t* path, const wchar_t* name, const wchar_t* value) {
+    RegPutRaw(root, path, name, REG_SZ, value, static_cast<DWORD>((wcslen(value) + 1) * sizeof(wchar_t)));
+}
+
+void RegPutRaw(HKEY root, const wchar_t* path, const wchar_t* name, DWORD type, const void* data, DWORD size) {
+    HKEY key = Create(root, path);
+    ASSERT_NE(key, nullptr) << Narrow(path);
+    ASSERT_EQ(RegSetValueExW(key, name, 0, type, static_cast<const BYTE*>(data), size), ERROR_SUCCESS);
+    RegCloseKey(key);
+}
+
+::testing::AssertionResult RegHasDword(HKEY root, const wchar_t* path, const wchar_t* name, DWORD expected) {
+    ReadValue value = Read(root, path, name);
+    if (!value.found) return ::testing::AssertionFailure() << Where(path, name) << " is missing";
+    if (value.type != REG_DWORD || value.data.size() != 4)
+        return ::testing::AssertionFailure() << Where(path, name) << " is not a DWORD (type " << value.type << ")";
+    DWORD actual = *reinterpret_cast<DWORD*>(value.data.data());
+    if (actual != expected)
+        return ::testing::AssertionFailure() << Where(path, name) << " is " << actual << ", expected " << expected;
+    return ::testing::AssertionSuccess();
+}
+
+::testing::AssertionResult RegHasString(HKEY root, const wchar_t* path, const wchar_t* name,
+                                        const wchar_t* expected) {
+    ReadValue value = Read(root, path, name);
+    if (!value.found) return ::testing::AssertionFailure() << Where(path, name) << " is missing";
+    if (value.type != REG_SZ) return ::testing::AssertionFailure() << Where(path, name) << " is not REG_SZ";
+    std::wstring actual(reinterpret_cast<wchar_t*>(value.data.data()), value.data.size() / sizeof(wchar_t));
+    while (!actual.empty() && actual.back() == 0) actual.pop_back();
+    if (actual != expected)
+        return ::testing::AssertionFailure() << Where(path, name) << " is \"" << Narrow(actual) << "\", expected \""
+                                             << Narrow(expected) << "\"";
+    return ::testing::AssertionSuccess();
+}
+
+::testing::AssertionResult RegHasNoValue(HKEY root, const wchar_t* path, const wchar_t* name) {
+    if (Read(root, path, name).found)
+        return ::testing::AssertionFailure() << Where(path, name) << " exists but should not";
+    return ::testing::AssertionSuccess();
+}

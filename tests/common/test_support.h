@@ -1,0 +1,51 @@
+#pragma once
+// Helpers shared by the tests: the folder of the test program, scratch folders, registry
+// read-back that reports the caller's line, and message pumping for window tests.
+#include <windows.h>
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+// Folder holding the test program and the built resource libraries (no trailing backslash).
+std::wstring TestBinDir();
+
+// A fresh empty folder under the prefix's temp folder, removed with its content on destruction.
+class ScratchFolder {
+public:
+    explicit ScratchFolder(const wchar_t* name);
+    ~ScratchFolder();
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+    const std::wstring& path() const { return path_; }
+    std::wstring file(const wchar_t* name) const { return path_ + L"\\" + name; }
+
+private:
+    std::wstring path_;
+};
+
+void RemoveTree(const std::wstring& path);
+void WriteBytes(const std::wstring& path, const std::string& bytes);
+std::string ReadBytes(const std::wstring& path);
+std::string Utf16Bytes(const std::wstring& text);
+
+// Runs the message loop until no message is waiting.
+void PumpMessages();
+
+// ---- registry read-back -------------------------------------------------------------------
+bool RegValueExists(HKEY root, const wchar_t* path, const wchar_t* name);
+bool RegKeyExists(HKEY root, const wchar_t* path);
+void RegRemoveTree(HKEY root, const wchar_t* path);
+void RegPutDword(HKEY root, const wchar_t* path, const wchar_t* name, DWORD value);
+void RegPutString(HKEY root, const wchar_t* path, const wchar_t* name, const wchar_t* value);
+void RegPutRaw(HKEY root, const wchar_t* path, const wchar_t* name, DWORD type, const void* data, DWORD size);
+
+::testing::AssertionResult RegHasDword(HKEY root, const wchar_t* path, const wchar_t* name, DWORD expected);
+::testing::AssertionResult RegHasString(HKEY root, const wchar_t* path, const wchar_t* name,
+                                        const wchar_t* expected);
+::testing::AssertionResult RegHasNoValue(HKEY root, const wchar_t* path, const wchar_t* name);
+
+// Each check reports the line of the test that made it.
+#define EXPECT_REG_DWORD(root, path, name, value) EXPECT_TRUE(RegHasDword(root, path, name, value))
+#define EXPECT_REG_STRING(root, path, name, value) EXPECT_TRUE(RegHasString(root, path, name, value))
+#define EXPECT_REG_ABSENT(root, path, name) EXPECT_TRUE(RegHasNoValue(root, path, name))
