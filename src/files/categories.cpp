@@ -1,0 +1,120 @@
+#include "files/categories.h"
+
+#include <cwchar>
+
+#include "files/category_database.h"
+#include "files/filters.h"
+#include "platform/shell.h"
+#include "settings/key_table.h"
+#include "settings/registry_values.h"
+#include "settings/settings.h"
+
+CategoryList g_categories;
+
+namespace {
+
+// Whether `a` sorts after `b`. A failed comparison counts as not after, so the new record goes
+// after the ones it cannot be compared with.
+bool SortsAfter(const wchar_t* a, const wchar_t* b) {
+    return CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, a, -1, b, -1) == CSTR_GREATER_THAN;
+}
+
+WString ValueName(const wchar_t* prefix, const CategoryRecord& record) {
+    WString name(prefix);
+    name.append(record.name.c_str());
+    return name;
+}
+
+const wchar_t kColourPrefix[] = L"CatColor.";
+const wchar_t kFilterPrefix[] = L"CatFilter.";
+
+// Reads four bytes, whatever the value's type, over `field`; a failed query leaves it alone.
+void QueryInto(HKEY key, const WString& name, DWORD& field) {
+    DWORD value = field;
+    DWORD size = sizeof value;
+    if (RegQueryValueExW(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&value), &size) ==
+        ERROR_SUCCESS)
+        field = value;
+}
+
+void LoadIcons(CategoryList& categories, const wchar_t* iconsFolder) {
+    for (CategoryRecord* r = categories.head; r; r = r->next) {
+        WString path(iconsFolder);
+        path.append(L"\\");
+        path.append(r->name.c_str());
+        path.append(L".bmp");
+        r->icon.reset(SHLoadDIBitmap(path.c_str()));
+    }
+}
+
+}  // namespace
+
+CategoryList::~CategoryList() { ClearCategories(*this); }
+
+void ClearCategories(CategoryList& categories) {
+    CategoryRecord* record = categories.head;
+    while (record) {
+        CategoryRecord* next = record->next;
+        delete record;
+        record = next;
+    }
+    categories.head = nullptr;
+    categories.count = 0;
+}
+
+void InsertCategory(CategoryList& categories, CategoryRecord* record) {
+    CategoryRecord* previous = nullptr;
+    CategoryRecord* next = categories.head;
+    while (next && !SortsAfter(next->name.c_str(), record->name.c_str())) {
+        previous = next;
+        next = next->next;
+    }
+    record->previous = previous;
+    record->next = next;
+    if (previous) previous->next = record;
+    else categories.head = record;
+    if (next) next->previous = record;
+    ++categories.count;
+}
+
+CategoryRecord* FindCategory(const CategoryList& categories, const wchar_t* name) {
+    for (CategoryRecord* r = categories.head; r; r = r->next)
+        if (wcscmp(r->name.c_str(), name) == 0) return r;
+    return nullptr;
+}
+
+void LoadCategories(CategoryList& categories, FilterList& filters, const wchar_t* iconsFolder,
+                    const wchar_t* filtersFilePath) {
+    ClearCategories(categories);
+    ClearFilters(filters);
+    ReadCategoryDatabase(categories);
+    LoadCategoryLook(categories, iconsFolder);
+    LoadFiltersFile(filters, filtersFilePath);
+}
+
+void LoadCategories() {
+    LoadCategories(g_categories, g_filters, g_settings.general.QLIconsFolder.c_str(), FiltersFilePath().c_str());
+}
+
+void LoadCategoryLook(CategoryList& categories, const wchar_t* iconsFolder) {
+    LoadIcons(categories, iconsFolder);
+    {
+        RegKey key = OpenSettingKey(kKeyCategories);
+        if (key)
+            for (CategoryRecord* r = categories.head; r; r = r->next)
+                QueryInto(key.get(), ValueName(kColourPrefix, *r), r->colour);
+    }
+    RegKey key = OpenSettingKey(kKeyCategories);
+    if (key)
+        for (CategoryRecord* r = categories.head; r; r = r->next)
+            QueryInto(key.get(), ValueName(kFilterPrefix, *r), r->filterMask);
+}
+
+void SaveCategoryLook(const CategoryList& categories) {
+    RegKey key = OpenSettingKey(kKeyCategories);
+    if (!key) return;
+    for (const CategoryRecord* r = categories.head; r; r = r->next) {
+        WriteDwordOrDelete(key.get(), ValueName(kColourPrefix, *r).c_str(), r->colour, kNoCategoryColour);
+        WriteDwordOrDelete(key.get(), ValueName(kFilterPrefix, *r).c_str(), r->filterMask, 0);
+    }
+}

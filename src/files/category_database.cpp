@@ -1,0 +1,3 @@
+#include "files/category_database.h"
+
+void ReadCategoryDatabase(CategoryList& categories) {}
