@@ -1,0 +1,169 @@
+#include <cstring>
+#include <string>
+
+#include "settings/key_table.h"
+#include "settings/registry_values.h"
+#include "settings_test_util.h"
+
+namespace {
+
+const wchar_t kScratchPath[] = L"Software\\Orvane\\Quillory\\RegistryValuesTest";
+const wchar_t kColorPath[] = L"SOFTWARE\\Microsoft\\Color";
+
+class RegistryValues : public ::testing::Test {
+protected:
+    void SetUp() override {
+        RemoveProductKeys();
+        RegCreateKeyExW(HKEY_CURRENT_USER, kScratchPath, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key_, nullptr);
+        ASSERT_NE(key_, nullptr);
+    }
+    void TearDown() override {
+        RegCloseKey(key_);
+        RemoveProductKeys();
+    }
+    void put(const wchar_t* name, DWORD type, const void* data, DWORD size) {
+        RegPutRaw(HKEY_CURRENT_USER, kScratchPath, name, type, data, size);
+    }
+    HKEY key_ = nullptr;
+};
+
+TEST_F(RegistryValues, ReadDwordTakesFourBytesOfAnyTypeAndFallsBackOtherwise) {
+    RegPutDword(HKEY_CURRENT_USER, kScratchPath, L"Dword", 0x12345678);
+    const BYTE shortBinary[2] = {0x0A, 0x01};
+    put(L"Short", REG_BINARY, shortBinary, 2);
+    const BYTE longBinary[8] = {1, 2, 3, 4, 5, 6, 7, 8};
+    put(L"Long", REG_BINARY, longBinary, 8);
+    put(L"Text", REG_SZ, L"5", 4);  // '5' and the terminator: four bytes
+
+    EXPECT_EQ(ReadDword(key_, L"Dword", 7), 0x12345678u);
+    EXPECT_EQ(ReadDword(key_, L"Short", 7), 0x010Au) << "a short value is zero-extended";
+    EXPECT_EQ(ReadDword(key_, L"Long", 7), 7u) << "more than four bytes cannot be read into four";
+    EXPECT_EQ(ReadDword(key_, L"Text", 7), 0x35u) << "the type is not looked at";
+    EXPECT_EQ(ReadDword(key_, L"Missing", 7), 7u);
+    EXPECT_EQ(ReadDword(static_cast<HKEY>(nullptr), L"Dword", 9), 9u);
+
+    EXPECT_EQ(ReadDword(HKEY_CURRENT_USER, kScratchPath, L"Dword", 1), 0x12345678u);
+    EXPECT_EQ(ReadDword(HKEY_CURRENT_USER, L"Software\\Orvane\\NoSuchKey", L"Dword", 3), 3u);
+    EXPECT_FALSE(RegKeyExists(HKEY_CURRENT_USER, L"Software\\Orvane\\NoSuchKey")) << "reading never creates";
+}
+
+TEST_F(RegistryValues, ReadStringAcceptsStringTypesOnlyAndEndsUnterminatedText) {
+    RegPutString(HKEY_CURRENT_USER, kScratchPath, L"Text", L"Calendar");
+    put(L"Unterminated", REG_SZ, L"abc", 6);
+    put(L"OddSize", REG_SZ, L"xyz", 5);
+    put(L"Empty", REG_SZ, L"", 0);
+    put(L"Expand", REG_EXPAND_SZ, L"%TEMP%", 14);
+    DWORD number = 0x00410041;
+    put(L"Number", REG_DWORD, &number, 4);
+
+    WString out;
+    EXPECT_EQ(ReadString(key_, L"Text", out, L"dflt"), 1);
+    EXPECT_STREQ(out.c_str(), L"Calendar");
+    EXPECT_EQ(ReadString(key_, L"Unterminated", out, L"dflt"), 1);
+    EXPECT_STREQ(out.c_str(), L"abc");
+    EXPECT_EQ(ReadString(key_, L"OddSize", out, L"dflt"), 1);
+    EXPECT_STREQ(out.c_str(), L"xy") << "a trailing half character is dropped";
+    EXPECT_EQ(ReadString(key_, L"Empty", out, L"dflt"), 1);
+    EXPECT_STREQ(out.c_str(), L"");
+    EXPECT_EQ(ReadString(key_, L"Expand", out, L"dflt"), 1);
+    EXPECT_STREQ(out.c_str(), L"%TEMP%") << "read as stored, not expanded";
+
+    EXPECT_EQ(ReadString(key_, L"Number", out, L"dflt"), 0);
+    EXPECT_STREQ(out.c_str(), L"dflt");
+    EXPECT_EQ(ReadString(key_, L"Missing", out, nullptr), 0);
+    EXPECT_STREQ(out.c_str(), L"");
+    EXPECT_EQ(ReadString(static_cast<HKEY>(nullptr), L"Text", out, L"none"), 0);
+    EXPECT_STREQ(out.c_str(), L"none");
+
+    EXPECT_EQ(ReadString(HKEY_CURRENT_USER, kScratchPath, L"Text", out, L""), 1);
+    EXPECT_STREQ(out.c_str(), L"Calendar");
+    EXPECT_EQ(ReadString(HKEY_CURRENT_USER, L"Software\\Orvane\\NoSuchKey", L"Text", out, L"d"), 0);
+    EXPECT_STREQ(out.c_str(), L"d");
+}
+
+TEST_F(RegistryValues, WritesUnlessEqualToTheDefaultThenDeletes) {
+    WriteDwordOrDelete(key_, L"Days", 14, 7);
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, kScratchPath, L"Days", 14);
+    WriteDwordOrDelete(key_, L"Days", 7, 7);
+    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kScratchPath, L"Days");
+    WriteDwordOrDelete(key_, L"NeverThere", 0, 0);
+    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kScratchPath, L"NeverThere");
+
+    WriteStringOrDelete(key_, L"Face", L"tahoma", L"Tahoma");
+    EXPECT_REG_STRING(HKEY_CURRENT_USER, kScratchPath, L"Face", L"tahoma") << "the comparison is case-sensitive";
+    HKEY read;
+    ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, kScratchPath, 0, KEY_READ, &read), ERROR_SUCCESS);
+    DWORD type = 0, size = 0;
+    RegQueryValueExW(read, L"Face", nullptr, &type, nullptr, &size);
+    RegCloseKey(read);
+    EXPECT_EQ(type, static_cast<DWORD>(REG_SZ));
+    EXPECT_EQ(size, 14u) << "six characters and the terminator";
+
+    WriteStringOrDelete(key_, L"Face", L"Tahoma", L"Tahoma");
+    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kScratchPath, L"Face");
+    WriteStringOrDelete(key_, L"Skin", L"", nullptr);
+    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kScratchPath, L"Skin") << "null and empty are the same default";
+    WriteStringOrDelete(key_, L"Skin", L"x", nullptr);
+    EXPECT_REG_STRING(HKEY_CURRENT_USER, kScratchPath, L"Skin", L"x");
+}
+
+TEST(KeyTable, MapsFifteenIndexesAndNothingBeyond) {
+    EXPECT_EQ(KeyRoot(0), HKEY_LOCAL_MACHINE);
+    EXPECT_EQ(KeyRoot(1), HKEY_CURRENT_USER) << "Pocket Informant lives under the current user";
+    EXPECT_EQ(KeyRoot(2), HKEY_LOCAL_MACHINE);
+    for (unsigned index = 3; index < kKeyCount; ++index) EXPECT_EQ(KeyRoot(index), HKEY_CURRENT_USER) << index;
+    EXPECT_STREQ(KeyPath(0), L"Software\\Microsoft\\today\\items\\Quillory");
+    EXPECT_STREQ(KeyPath(2), L"SOFTWARE\\Developer One, Inc.\\Agenda Fusion");
+    EXPECT_STREQ(KeyPath(3), L"Software\\Orvane\\Quillory");
+    EXPECT_STREQ(KeyPath(12), L"Software\\Orvane\\Quillory\\CustomPIM");
+    EXPECT_STREQ(KeyPath(14), L"Software\\Orvane\\Quillory\\Categories");
+
+    for (unsigned index : {15u, 16u, 0xFFFFFFFFu}) {
+        EXPECT_EQ(KeyRoot(index), nullptr);
+        EXPECT_EQ(KeyPath(index), nullptr);
+        EXPECT_FALSE(OpenSettingKey(index));
+        EXPECT_FALSE(OpenExistingSettingKey(index));
+    }
+}
+
+TEST(KeyTable, OpenSettingKeyCreatesButOpenExistingDoesNot) {
+    RemoveProductKeys();
+    EXPECT_FALSE(OpenExistingSettingKey(kKeyCategories));
+    EXPECT_FALSE(RegKeyExists(HKEY_CURRENT_USER, L"Software\\Orvane\\Quillory\\Categories"));
+    EXPECT_TRUE(OpenSettingKey(kKeyCategories));
+    EXPECT_TRUE(RegKeyExists(HKEY_CURRENT_USER, L"Software\\Orvane\\Quillory\\Categories"));
+    EXPECT_TRUE(OpenExistingSettingKey(kKeyCategories));
+    RemoveProductKeys();
+}
+
+class SystemColours : public ::testing::Test {
+protected:
+    void SetUp() override { RegRemoveTree(HKEY_LOCAL_MACHINE, kColorPath); }
+    void TearDown() override { RegRemoveTree(HKEY_LOCAL_MACHINE, kColorPath); }
+};
+
+TEST_F(SystemColours, MissingKeyGivesTheDefaultWithoutItsTopByte) {
+    EXPECT_EQ(ReadSystemColour(6, 0xFFEF8E73), 0x00EF8E73u);
+}
+
+TEST_F(SystemColours, DecimalValueWinsOverTheArrayAndOnlyRgbIsKept) {
+    RegPutDword(HKEY_LOCAL_MACHINE, kColorPath, L"34", 0xAA112233);
+    BYTE array[37 * 4];
+    memset(array, 0x44, sizeof array);
+    RegPutRaw(HKEY_LOCAL_MACHINE, kColorPath, L"SHColor", REG_BINARY, array, sizeof array);
+    EXPECT_EQ(ReadSystemColour(34, 0), 0x00112233u);
+    EXPECT_EQ(ReadSystemColour(35, 0), 0x00444444u) << "no value \"35\": the array entry";
+}
+
+TEST_F(SystemColours, ArrayEntryIsUsedOnlyWhenTheArrayIsStrictlyLonger) {
+    const int index = 8;
+    BYTE array[index * 4 + 8];
+    for (int i = 0; i < static_cast<int>(sizeof array); ++i) array[i] = static_cast<BYTE>(i);
+    RegPutRaw(HKEY_LOCAL_MACHINE, kColorPath, L"SHColor", REG_BINARY, array, index * 4 + 4);
+    EXPECT_EQ(ReadSystemColour(index, 0xFF9C4D2C), 0x009C4D2Cu) << "exactly index * 4 + 4 bytes: the default";
+    RegPutRaw(HKEY_LOCAL_MACHINE, kColorPath, L"SHColor", REG_BINARY, array, index * 4 + 5);
+    EXPECT_EQ(ReadSystemColour(index, 0x9C4D2C), RGB(32, 33, 34));
+    EXPECT_EQ(ReadSystemColour(-1, 0x123456), 0x123456u) << "a negative index reads nothing";
+}
+
+}  // namespace
