@@ -75,6 +75,8 @@ const UINT SPI_SETSIPINFO = 224;
 const UINT SPI_GETSIPINFO = 225;
 
 BOOL SipShowIM(DWORD flags);
+// Desktop stand-in: no input panel is shown; this is the state the last SipShowIM asked for.
+DWORD SipShownFlags();
 
 // ---- Caption OK button --------------------------------------------------------------------
 // On the device this extended style puts OK in the title bar; a tap sends WM_COMMAND IDOK.
