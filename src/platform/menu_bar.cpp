@@ -35,6 +35,7 @@ namespace {
 // Command ids of buttons made from a menu's drop-down items (the device's own ids are private too).
 const int kFirstDropDownId = 0xEF00;
 const int kMenuTextChars = 256;
+const wchar_t kBarDataProperty[] = L"QLPlatform.MenuBarData";
 
 struct MenuButton {
     int command;
@@ -177,6 +178,7 @@ LRESULT CALLBACK MenuBarProc(HWND window, UINT message, WPARAM wParam, LPARAM lP
     }
     case WM_NCDESTROY:
         RemoveWindowSubclass(window, MenuBarProc, kMenuBarSubclass);
+        RemovePropW(window, kBarDataProperty);
         ReleaseBar(bar);
         break;
     }
@@ -283,6 +285,7 @@ BOOL SHCreateMenuBar(SHMENUBARINFO* info) {
     bar->height = MenuBarHeight();
     bar->hidden = (info->dwFlags & SHCMBF_HIDDEN) != 0;
     SetWindowSubclass(window, MenuBarProc, kMenuBarSubclass, reinterpret_cast<DWORD_PTR>(bar));
+    SetPropW(window, kBarDataProperty, bar);
     // Button clicks come to the bar, which forwards commands to the parent.
     SendMessageW(window, TB_SETPARENT, reinterpret_cast<WPARAM>(window), 0);
     SendMessageW(window, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
@@ -308,7 +311,6 @@ BOOL SHCreateMenuBar(SHMENUBARINFO* info) {
 
 int platform_detail::MenuBarReserve(HWND window) {
     HWND bar = MenuBarOf(window);
-    DWORD_PTR data = 0;
-    if (!bar || !GetWindowSubclass(bar, MenuBarProc, kMenuBarSubclass, &data) || !data) return 0;
-    return reinterpret_cast<MenuBar*>(data)->reserve;
+    MenuBar* data = bar ? static_cast<MenuBar*>(GetPropW(bar, kBarDataProperty)) : nullptr;
+    return data ? data->reserve : 0;
 }
