@@ -159,7 +159,7 @@ BenchRegistration g_load({
     },
     [] { QueryBaseline(g_loadQueries); },
     [] { RemoveBenchKeys(); },
-    20});
+    50});
 
 BenchRegistration g_save({
     "SaveSettings, every setting dirty", "as many RegSetValueExW on one open key",
@@ -176,6 +176,6 @@ BenchRegistration g_save({
         RemoveBenchKeys();
         LoadSettings();
     },
-    20});
+    50});
 
 }  // namespace

@@ -57,16 +57,19 @@ void LoadSystemColours(SettingsRecord& record) {
     colours[kShellColour35] = fixedColours ? 0xFFFFFF : ReadSystemColour(35, 0xFFFFFF);
 }
 
+// The previous library is released only after the new one is loaded: reloading the same file then
+// only moves its reference count instead of unmapping and mapping it again.
 void LoadLanguageLibrary(const SettingsRecord& record, HMODULE& languageLibrary) {
-    if (languageLibrary) {
-        FreeLibrary(languageLibrary);
-        languageLibrary = nullptr;
+    HMODULE previous = languageLibrary;
+    languageLibrary = nullptr;
+    HMODULE loaded = LoadLibraryW(record.general.SelectedLangResFile.c_str());
+    if (!loaded) {
+        WString fallback(record.todayItem.ProgramFiles.c_str());
+        fallback.append(kFallbackLanguageLibrary);
+        loaded = LoadLibraryW(fallback.c_str());
     }
-    languageLibrary = LoadLibraryW(record.general.SelectedLangResFile.c_str());
-    if (languageLibrary) return;
-    WString fallback(record.todayItem.ProgramFiles.c_str());
-    fallback.append(kFallbackLanguageLibrary);
-    languageLibrary = LoadLibraryW(fallback.c_str());
+    if (previous) FreeLibrary(previous);
+    languageLibrary = loaded;
 }
 
 void RepairCalendar(CalendarSettings& calendar) {

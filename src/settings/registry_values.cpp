@@ -15,6 +15,8 @@ RegKey OpenForReading(HKEY root, const wchar_t* path) {
     return key;
 }
 
+const size_t kSmallStringChars = 264;
+
 bool IsStringType(DWORD type) { return type == REG_SZ || type == REG_EXPAND_SZ; }
 
 COLORREF RedGreenBlue(const BYTE* bytes) { return RGB(bytes[0], bytes[1], bytes[2]); }
@@ -42,17 +44,23 @@ int ReadString(HKEY key, const wchar_t* name, WString& out, const wchar_t* defau
         out.assign(OrEmpty(defaultValue));
         return 0;
     }
-    // One spare character so that a value stored without terminator still ends.
-    std::vector<wchar_t> text(size / sizeof(wchar_t) + 2, L'\0');
+    // Most values fit the stack buffer; one spare character ends a value stored without terminator.
+    wchar_t small[kSmallStringChars];
+    std::vector<wchar_t> large;
+    size_t chars = size / sizeof(wchar_t) + 2;
+    wchar_t* text = small;
+    if (chars > kSmallStringChars) {
+        large.resize(chars);
+        text = large.data();
+    }
     DWORD readSize = size;
-    if (RegQueryValueExW(key, name, nullptr, &type, reinterpret_cast<BYTE*>(text.data()), &readSize) !=
-            ERROR_SUCCESS ||
+    if (RegQueryValueExW(key, name, nullptr, &type, reinterpret_cast<BYTE*>(text), &readSize) != ERROR_SUCCESS ||
         !IsStringType(type)) {
         out.assign(OrEmpty(defaultValue));
         return 0;
     }
     text[readSize / sizeof(wchar_t)] = L'\0';
-    out.assign(text.data());
+    out.assign(text);
     return 1;
 }
 
