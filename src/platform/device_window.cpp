@@ -94,7 +94,8 @@ LRESULT CALLBACK DeviceWindowProc(HWND window, UINT message, WPARAM wParam, LPAR
         GeometryNotices outer = *notices;
         *notices = GeometryNotices();
         LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-        if (notices->sized && !notices->moved && IsWindow(window)) {
+        if (!IsWindow(window)) return result;  // destroyed meanwhile: `notices` is gone
+        if (notices->sized && !notices->moved) {
             POINT origin = {0, 0};
             MapWindowPoints(window, (GetWindowLongW(window, GWL_STYLE) & WS_CHILD) ? GetParent(window) : nullptr,
                             &origin, 1);
@@ -257,6 +258,8 @@ BOOL DeviceSetForegroundWindow(HWND handleWithLowBit) {
     HWND window = reinterpret_cast<HWND>(raw & ~static_cast<UINT_PTR>(1));
     if (!IsWindow(window)) return FALSE;
     if (IsIconic(window)) ShowWindow(window, SW_RESTORE);
+    // Activation alone does not raise a window when no window manager does it.
+    SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     BOOL result = SetForegroundWindow(window);
     if (!(raw & 1)) return result;
     OwnedPopups popups = {window, {}};

@@ -55,6 +55,10 @@ struct MenuBar {
     bool parentHooked = false;
 };
 
+MenuBar* BarData(HWND window) {
+    return IsWindow(window) ? static_cast<MenuBar*>(GetPropW(window, kBarDataProperty)) : nullptr;
+}
+
 MenuButton* FindButton(MenuBar* bar, int command) {
     for (MenuButton& button : bar->buttons) {
         if (button.command == command) return &button;
@@ -112,8 +116,9 @@ LRESULT CALLBACK BarParentProc(HWND window, UINT message, WPARAM wParam, LPARAM 
         return result;
     }
     case WM_WINDOWPOSCHANGED: {
+        HWND barWindow = bar->window;
         LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-        Dock(bar);
+        if (BarData(barWindow) == bar) Dock(bar);  // unless the bar went meanwhile
         return result;
     }
     case WM_NCDESTROY:
@@ -172,8 +177,9 @@ LRESULT CALLBACK MenuBarProc(HWND window, UINT message, WPARAM wParam, LPARAM lP
         if (reinterpret_cast<NMHDR*>(lParam)->hwndFrom == window) return 0;
         break;
     case WM_SIZE: {
+        HWND parent = bar->parent;
         LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-        PlaceOkControl(bar->parent);
+        PlaceOkControl(parent);
         return result;
     }
     case WM_NCDESTROY:
@@ -311,6 +317,6 @@ BOOL SHCreateMenuBar(SHMENUBARINFO* info) {
 
 int platform_detail::MenuBarReserve(HWND window) {
     HWND bar = MenuBarOf(window);
-    MenuBar* data = bar ? static_cast<MenuBar*>(GetPropW(bar, kBarDataProperty)) : nullptr;
+    MenuBar* data = bar ? BarData(bar) : nullptr;
     return data ? data->reserve : 0;
 }
