@@ -14,44 +14,6 @@ namespace {
 const DWORD kMainStyle = 0x14000800;  // the device main window's style
 const DWORD kPageStyle = 0x90000800;  // a device page's style
 
-// Like the device's windows: an empty menu bar made during WM_CREATE.
-LRESULT CALLBACK BarOnCreateProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    LRESULT result = RecordingProc(window, message, wParam, lParam);
-    if (message == WM_CREATE) {
-        SHMENUBARINFO info = {};
-        info.cbSize = kDeviceMenuBarInfoSize;
-        info.hwndParent = window;
-        info.dwFlags = SHCMBF_EMPTYBAR;
-        SHCreateMenuBar(&info);
-    }
-    return result;
-}
-
-const wchar_t* BarOnCreateClass() {
-    static const wchar_t name[] = L"QLPlatformTestBarOnCreate";
-    static bool registered = false;
-    if (!registered) {
-        WNDCLASSW windowClass = {};
-        windowClass.lpfnWndProc = BarOnCreateProc;
-        windowClass.hInstance = GetModuleHandleW(nullptr);
-        windowClass.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
-        windowClass.lpszClassName = name;
-        RegisterClassW(&windowClass);
-        registered = true;
-    }
-    return name;
-}
-
-HWND MenuBarOf(HWND window) {
-    for (HWND candidate = GetWindow(GetDesktopWindow(), GW_CHILD); candidate;
-         candidate = GetWindow(candidate, GW_HWNDNEXT)) {
-        wchar_t className[64];
-        GetClassNameW(candidate, className, 64);
-        if (GetWindow(candidate, GW_OWNER) == window && wcscmp(className, TOOLBARCLASSNAMEW) == 0) return candidate;
-    }
-    return nullptr;
-}
-
 HWND CreateMainWindow() {
     return CreateDeviceWindow(WS_EX_CAPTIONOKBTN, BarOnCreateClass(), L"QL Options", kMainStyle, CW_USEDEFAULT,
                               CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr,
@@ -61,7 +23,7 @@ HWND CreateMainWindow() {
 // The device code's step after creating its main window: shorten it by the menu bar's height.
 void ShortenByBar(HWND window) {
     RECT frame = WindowRect(window);
-    RECT bar = WindowRect(MenuBarOf(window));
+    RECT bar = WindowRect(OwnedMenuBar(window));
     MoveWindow(window, frame.left, frame.top, Width(frame), Height(frame) - Height(bar), FALSE);
 }
 
@@ -134,7 +96,7 @@ TEST(CaptionOk, ControlLivesInTheMenuBarOrAtTheTopRightAndPostsIdok) {
                                     nullptr, GetModuleHandleW(nullptr), nullptr);
     EXPECT_FALSE(HasCaptionOkButton(plain));
     EXPECT_EQ(CaptionOkControl(plain), nullptr);
-    EXPECT_EQ(GetWindow(MenuBarOf(plain), GW_CHILD), nullptr);
+    EXPECT_EQ(GetWindow(OwnedMenuBar(plain), GW_CHILD), nullptr);
     DestroyWindow(plain);
 }
 
@@ -144,7 +106,7 @@ TEST(DeviceWindow, MainWindowOpensDeviceSizedResizableAndShortensLikeTheDevice) 
     DWORD style = GetWindowLongW(main, GWL_STYLE);
     EXPECT_EQ(style & 0x0800, 0u);
     EXPECT_EQ(style & WS_OVERLAPPEDWINDOW, static_cast<DWORD>(WS_OVERLAPPEDWINDOW)) << "framed and resizable";
-    ASSERT_NE(MenuBarOf(main), nullptr);
+    ASSERT_NE(OwnedMenuBar(main), nullptr);
     RECT client;
     GetClientRect(main, &client);
     EXPECT_EQ(client.right, DeviceWidth());
@@ -153,9 +115,9 @@ TEST(DeviceWindow, MainWindowOpensDeviceSizedResizableAndShortensLikeTheDevice) 
     ShortenByBar(main);
     GetClientRect(main, &client);
     EXPECT_EQ(client.bottom + BarHeight(), DeviceHeight()) << "client and bar fill the device's screen";
-    RECT bar = WindowRect(MenuBarOf(main));
+    RECT bar = WindowRect(OwnedMenuBar(main));
     EXPECT_EQ(bar.top, ClientRectOnScreen(main).bottom);
-    EXPECT_EQ(GetParent(CaptionOkControl(main)), MenuBarOf(main));
+    EXPECT_EQ(GetParent(CaptionOkControl(main)), OwnedMenuBar(main));
 
     SizeAsDevice(main);
     GetClientRect(main, &client);
@@ -185,10 +147,10 @@ TEST(DeviceWindow, PageCoversItsOwnersClientAreaAndFollowsIt) {
     RECT pageClient = ClientRectOnScreen(page);
     RECT mainClient = ClientRectOnScreen(main);
     EXPECT_TRUE(EqualRect(&pageClient, &mainClient));
-    RECT pageBar = WindowRect(MenuBarOf(page));
-    RECT mainBar = WindowRect(MenuBarOf(main));
+    RECT pageBar = WindowRect(OwnedMenuBar(page));
+    RECT mainBar = WindowRect(OwnedMenuBar(main));
     EXPECT_TRUE(EqualRect(&pageBar, &mainBar)) << "the page's bar lies over the main window's";
-    EXPECT_EQ(GetParent(CaptionOkControl(page)), MenuBarOf(page)) << "the page's OK is in its empty bar";
+    EXPECT_EQ(GetParent(CaptionOkControl(page)), OwnedMenuBar(page)) << "the page's OK is in its empty bar";
 
     // Resizing the owner without moving its client area: the page follows and hears WM_MOVE.
     int movesBefore = ReceivedBy(page).moves;
@@ -205,8 +167,8 @@ TEST(DeviceWindow, PageCoversItsOwnersClientAreaAndFollowsIt) {
     pageClient = ClientRectOnScreen(page);
     mainClient = ClientRectOnScreen(main);
     EXPECT_TRUE(EqualRect(&pageClient, &mainClient)) << "after a move";
-    pageBar = WindowRect(MenuBarOf(page));
-    mainBar = WindowRect(MenuBarOf(main));
+    pageBar = WindowRect(OwnedMenuBar(page));
+    mainBar = WindowRect(OwnedMenuBar(main));
     EXPECT_TRUE(EqualRect(&pageBar, &mainBar));
 
     // A pop-up that does not cover its owner is left where it asked to be.
@@ -220,7 +182,7 @@ TEST(DeviceWindow, PageCoversItsOwnersClientAreaAndFollowsIt) {
     EXPECT_TRUE(EqualRect(&smallRect, &asked));
 
     DestroyWindow(page);
-    EXPECT_NE(MenuBarOf(main), nullptr) << "the page's bar went with the page, the main bar stays";
+    EXPECT_NE(OwnedMenuBar(main), nullptr) << "the page's bar went with the page, the main bar stays";
     DestroyWindow(main);
     EXPECT_FALSE(IsWindow(small));
 }
@@ -332,10 +294,10 @@ TEST(DeviceWindow, LowBitOfTheHandleBringsTheOwnedPopupsForwardToo) {
     // Top to bottom: the page's bar, the page, ... the main window, then the other window.
     std::vector<HWND> order;
     for (HWND w = GetTopWindow(nullptr); w; w = GetWindow(w, GW_HWNDNEXT)) {
-        if (w == page || w == main || w == other || w == MenuBarOf(page) || w == MenuBarOf(main)) order.push_back(w);
+        if (w == page || w == main || w == other || w == OwnedMenuBar(page) || w == OwnedMenuBar(main)) order.push_back(w);
     }
     ASSERT_EQ(order.size(), 5u);
-    EXPECT_EQ(order[0], MenuBarOf(page));
+    EXPECT_EQ(order[0], OwnedMenuBar(page));
     EXPECT_EQ(order[1], page);
     EXPECT_EQ(order[4], other);
 

@@ -6,7 +6,10 @@
 #include <string>
 #include <vector>
 
+#include <commctrl.h>
+
 #include "common/test_support.h"
+#include "platform/shell.h"
 
 // What a recording window received.
 struct Received {
@@ -94,6 +97,45 @@ inline void ClickCentre(HWND window) {
     RECT client;
     GetClientRect(window, &client);
     Click(window, client.right / 2, client.bottom / 2);
+}
+
+// Like the device's windows: an empty menu bar made during WM_CREATE.
+inline LRESULT CALLBACK BarOnCreateProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    LRESULT result = RecordingProc(window, message, wParam, lParam);
+    if (message == WM_CREATE) {
+        SHMENUBARINFO info = {};
+        info.cbSize = kDeviceMenuBarInfoSize;
+        info.hwndParent = window;
+        info.dwFlags = SHCMBF_EMPTYBAR;
+        SHCreateMenuBar(&info);
+    }
+    return result;
+}
+
+inline const wchar_t* BarOnCreateClass() {
+    static const wchar_t name[] = L"QLPlatformTestBarOnCreate";
+    static bool registered = false;
+    if (!registered) {
+        WNDCLASSW windowClass = {};
+        windowClass.lpfnWndProc = BarOnCreateProc;
+        windowClass.hInstance = GetModuleHandleW(nullptr);
+        windowClass.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+        windowClass.lpszClassName = name;
+        RegisterClassW(&windowClass);
+        registered = true;
+    }
+    return name;
+}
+
+// The menu bar a window owns, found among the top-level windows.
+inline HWND OwnedMenuBar(HWND window) {
+    for (HWND candidate = GetWindow(GetDesktopWindow(), GW_CHILD); candidate;
+         candidate = GetWindow(candidate, GW_HWNDNEXT)) {
+        wchar_t className[64];
+        GetClassNameW(candidate, className, 64);
+        if (GetWindow(candidate, GW_OWNER) == window && wcscmp(className, TOOLBARCLASSNAMEW) == 0) return candidate;
+    }
+    return nullptr;
 }
 
 // Menu resource `kTestMenuId` of a copy of the language library: "Edit" (Cut 101, Copy 102),
