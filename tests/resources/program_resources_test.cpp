@@ -1,0 +1,380 @@
+// The program's own resources (icon, accelerators, dialog templates) and the images of the two
+// display libraries, read from the built files the way the program loads them.
+#include <set>
+#include <string>
+#include <vector>
+
+#include "common/test_support.h"
+
+#include <commctrl.h>
+
+#include "display/display_ids.h"
+#include "program_ids.h"
+#include "string_ids.h"
+
+namespace {
+
+// ---- Program module --------------------------------------------------------------------------
+class ProgramModule : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        module_ = LoadLibraryExW((TestBinDir() + L"\\ql_options.exe").c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    }
+    static void TearDownTestSuite() {
+        if (module_) FreeLibrary(module_);
+        module_ = nullptr;
+    }
+    void SetUp() override { ASSERT_NE(module_, nullptr) << "ql_options.exe beside the test program"; }
+
+    static const BYTE* Resource(const wchar_t* type, UINT id, DWORD* size) {
+        HRSRC found = FindResourceW(module_, MAKEINTRESOURCEW(id), type);
+        if (!found) return nullptr;
+        *size = SizeofResource(module_, found);
+        return static_cast<const BYTE*>(LockResource(LoadResource(module_, found)));
+    }
+
+    static HMODULE module_;
+};
+
+HMODULE ProgramModule::module_ = nullptr;
+
+#pragma pack(push, 2)
+struct IconGroupHeader {
+    WORD reserved;
+    WORD type;
+    WORD count;
+};
+struct IconGroupEntry {
+    BYTE width;
+    BYTE height;
+    BYTE colours;
+    BYTE reserved;
+    WORD planes;
+    WORD bitCount;
+    DWORD bytes;
+    WORD id;
+};
+#pragma pack(pop)
+
+TEST_F(ProgramModule, IconHasSmallAndLargeImagesWithAlpha) {
+    DWORD size = 0;
+    const BYTE* group = Resource(RT_GROUP_ICON, IDI_PROGRAM, &size);
+    ASSERT_NE(group, nullptr);
+    const auto* header = reinterpret_cast<const IconGroupHeader*>(group);
+    ASSERT_EQ(header->type, 1);
+    ASSERT_EQ(size, sizeof(IconGroupHeader) + header->count * sizeof(IconGroupEntry));
+    std::set<int> sizes;
+    const auto* entries = reinterpret_cast<const IconGroupEntry*>(group + sizeof(IconGroupHeader));
+    for (int i = 0; i < header->count; ++i) {
+        sizes.insert(entries[i].width);
+        EXPECT_EQ(entries[i].width, entries[i].height);
+        EXPECT_EQ(entries[i].bitCount, 32);
+        DWORD imageSize = 0;
+        const BYTE* image = Resource(RT_ICON, entries[i].id, &imageSize);
+        ASSERT_NE(image, nullptr) << "image " << entries[i].id;
+        EXPECT_EQ(imageSize, entries[i].bytes);
+        // A BITMAPINFOHEADER of the image and its mask, stacked (twice the height).
+        const auto* info = reinterpret_cast<const BITMAPINFOHEADER*>(image);
+        EXPECT_EQ(info->biWidth, entries[i].width);
+        EXPECT_EQ(info->biHeight, 2 * entries[i].width);
+    }
+    EXPECT_EQ(sizes, (std::set<int>{16, 32}));
+}
+
+TEST_F(ProgramModule, AcceleratorsSendNoCommandThatEndsTheProgram) {
+    HACCEL table = LoadAcceleratorsW(module_, L"QL_OPTIONS");
+    ASSERT_NE(table, nullptr);
+    ACCEL entries[16];
+    int count = CopyAcceleratorTableW(table, entries, 16);
+    ASSERT_GE(count, 1);
+    bool about = false;
+    for (int i = 0; i < count; ++i) {
+        EXPECT_NE(entries[i].cmd, IDM_DONE) << "Done saves and ends the program";
+        EXPECT_NE(entries[i].cmd, IDM_CANCEL);
+        EXPECT_NE(entries[i].cmd, IDM_IMPORT_SETTINGS) << "import ends the program";
+        if (entries[i].cmd == IDM_ABOUT && entries[i].key == VK_F1) about = true;
+    }
+    EXPECT_TRUE(about);
+    DestroyAcceleratorTable(table);
+}
+
+// Header of a DLGTEMPLATE (the plain, not the extended, form).
+struct TemplateHeader {
+    DWORD style;
+    DWORD extendedStyle;
+    int controls;
+    int width;
+    int height;
+};
+
+TemplateHeader ReadTemplateHeader(const BYTE* bytes) {
+    const auto* t = reinterpret_cast<const DLGTEMPLATE*>(bytes);
+    return {t->style, t->dwExtendedStyle, t->cdit, t->cx, t->cy};
+}
+
+INT_PTR CALLBACK QuietDialogProc(HWND, UINT, WPARAM, LPARAM) { return FALSE; }
+
+std::wstring ClassOf(HWND window) {
+    wchar_t name[64] = {};
+    GetClassNameW(window, name, 64);
+    return name;
+}
+
+std::wstring TextOf(HWND window) {
+    wchar_t text[256] = {};
+    GetWindowTextW(window, text, 256);
+    return text;
+}
+
+struct ExpectedControl {
+    int id;
+    const wchar_t* windowClass;
+    const wchar_t* text;  // null: not checked
+};
+
+struct ExpectedDialog {
+    UINT id;
+    int width;   // 0: not checked
+    int height;
+    std::vector<ExpectedControl> controls;
+};
+
+const std::vector<ExpectedDialog>& ExpectedDialogs() {
+    static const std::vector<ExpectedDialog> dialogs = {
+        {IDD_FONT_DIALOG,
+         160,
+         146,
+         {{IDC_FONT_BOLD, L"Button", L"Bold"},
+          {IDC_FONT_ITALIC, L"Button", L"Italic"},
+          {IDC_FONT_UNDERLINE, L"Button", L"Underline"},
+          {IDC_FONT_STRIKEOUT, L"Button", L"StrikeOut"},
+          {IDC_FONT_SIZE_COMBO, L"ComboBox", nullptr},
+          {IDC_FONT_SIZE_LABEL, L"Static", L"Font size :"},
+          {IDC_FONT_COLOR_LABEL, L"Static", L"Font color :"},
+          {IDC_FONT_SET_COLOR, L"Button", L"Set"}}},
+        {IDD_FILTER_NAME,
+         0,
+         0,
+         {{IDC_FILTER_NAME_LABEL, L"Static", L"Filter name:"},
+          {IDC_FILTER_NAME_EDIT, L"Edit", nullptr},
+          {IDOK, L"Button", L"OK"},
+          {IDCANCEL, L"Button", L"Cancel"}}},
+        {IDD_TODAY_PLUGIN_CHOOSER,
+         0,
+         0,
+         {{IDC_PLUGIN_COMBO, L"ComboBox", nullptr},
+          {IDC_PLUGIN_INTRO, L"Static", nullptr},
+          {IDC_PLUGIN_NOTE, L"Static", nullptr}}},
+        {IDD_ALPHABET_SELECTION, 0, 0, {}},
+    };
+    return dialogs;
+}
+
+TEST_F(ProgramModule, DialogTemplatesCreateTheControlsTheProgramAddresses) {
+    for (const ExpectedDialog& expected : ExpectedDialogs()) {
+        SCOPED_TRACE(testing::Message() << "dialog " << expected.id);
+        DWORD size = 0;
+        const BYTE* bytes = Resource(RT_DIALOG, expected.id, &size);
+        ASSERT_NE(bytes, nullptr);
+        ASSERT_GE(size, sizeof(DLGTEMPLATE));
+        TemplateHeader header = ReadTemplateHeader(bytes);
+        ASSERT_NE(*reinterpret_cast<const WORD*>(bytes + 2), 0xFFFF) << "plain template, not extended";
+        EXPECT_EQ(header.extendedStyle & 0x80000000u, 0u) << "0x80000000 is no caption OK button here";
+        EXPECT_TRUE(header.style & DS_SETFONT);
+        EXPECT_EQ(header.controls, static_cast<int>(expected.controls.size()));
+        if (expected.width) {
+            EXPECT_EQ(header.width, expected.width);
+            EXPECT_EQ(header.height, expected.height);
+        }
+
+        HWND dialog = CreateDialogIndirectParamW(GetModuleHandleW(nullptr),
+                                                 reinterpret_cast<const DLGTEMPLATE*>(bytes), nullptr,
+                                                 QuietDialogProc, 0);
+        ASSERT_NE(dialog, nullptr) << GetLastError();
+        for (const ExpectedControl& control : expected.controls) {
+            HWND child = GetDlgItem(dialog, control.id);
+            ASSERT_NE(child, nullptr) << "control " << control.id;
+            EXPECT_EQ(_wcsicmp(ClassOf(child).c_str(), control.windowClass), 0) << "control " << control.id;
+            if (control.text) {
+                EXPECT_EQ(TextOf(child), control.text) << "control " << control.id;
+            }
+        }
+        HFONT font = reinterpret_cast<HFONT>(SendMessageW(dialog, WM_GETFONT, 0, 0));
+        LOGFONTW logical = {};
+        ASSERT_NE(font, nullptr);
+        GetObjectW(font, sizeof logical, &logical);
+        EXPECT_STREQ(logical.lfFaceName, L"Tahoma");
+        DestroyWindow(dialog);
+    }
+}
+
+TEST_F(ProgramModule, FontDialogCheckBoxesTickThemselves) {
+    DWORD size = 0;
+    const BYTE* bytes = Resource(RT_DIALOG, IDD_FONT_DIALOG, &size);
+    ASSERT_NE(bytes, nullptr);
+    HWND dialog = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), reinterpret_cast<const DLGTEMPLATE*>(bytes),
+                                             nullptr, QuietDialogProc, 0);
+    ASSERT_NE(dialog, nullptr);
+    for (int id : {IDC_FONT_BOLD, IDC_FONT_ITALIC, IDC_FONT_UNDERLINE, IDC_FONT_STRIKEOUT}) {
+        HWND box = GetDlgItem(dialog, id);
+        EXPECT_EQ(GetWindowLongW(box, GWL_STYLE) & BS_TYPEMASK, BS_AUTOCHECKBOX) << id;
+    }
+    HWND combo = GetDlgItem(dialog, IDC_FONT_SIZE_COMBO);
+    EXPECT_EQ(GetWindowLongW(combo, GWL_STYLE) & 3, CBS_DROPDOWNLIST);
+    DestroyWindow(dialog);
+}
+
+// ---- Display libraries -------------------------------------------------------------------------
+struct ImageSpec {
+    UINT id;
+    int imageWidth;  // at 96 dpi
+    int imageHeight;
+    int images;
+    COLORREF mask;
+};
+
+const ImageSpec kImages[] = {
+    {IDB_MENU_BUTTONS, QL_MENU_BUTTON_SIZE, QL_MENU_BUTTON_SIZE, 2, QL_MENU_BUTTON_MASK},
+    {IDB_PAGE_ICONS, QL_PAGE_ICON_SIZE, QL_PAGE_ICON_SIZE, QL_PAGE_ICON_COUNT, QL_PAGE_ICON_MASK},
+    {IDB_UP_FOLDER, QL_UP_FOLDER_SIZE, QL_UP_FOLDER_SIZE, 1, QL_UP_FOLDER_MASK},
+    {IDB_ITEM_ICONS, QL_ITEM_ICON_SIZE, QL_ITEM_ICON_SIZE, QL_ITEM_ICON_COUNT, QL_ITEM_ICON_MASK},
+    {IDB_PREVIEW_ARROWS, QL_PREVIEW_ARROWS_WIDTH / 2, QL_PREVIEW_ARROWS_HEIGHT, 2, QL_PREVIEW_ARROWS_MASK},
+};
+
+// The pixels of a bitmap as COLORREF values, rows from the top.
+struct Pixels {
+    int width = 0;
+    int height = 0;
+    std::vector<COLORREF> values;
+    COLORREF at(int x, int y) const { return values[static_cast<size_t>(y) * width + x]; }
+};
+
+Pixels ReadPixels(HMODULE library, UINT id) {
+    Pixels pixels;
+    HBITMAP bitmap = static_cast<HBITMAP>(LoadImageW(library, MAKEINTRESOURCEW(id), IMAGE_BITMAP, 0, 0, 0));
+    if (!bitmap) return pixels;
+    BITMAP info = {};
+    GetObjectW(bitmap, sizeof info, &info);
+    pixels.width = info.bmWidth;
+    pixels.height = info.bmHeight;
+    BITMAPINFO request = {};
+    request.bmiHeader.biSize = sizeof request.bmiHeader;
+    request.bmiHeader.biWidth = info.bmWidth;
+    request.bmiHeader.biHeight = -info.bmHeight;
+    request.bmiHeader.biPlanes = 1;
+    request.bmiHeader.biBitCount = 32;
+    std::vector<DWORD> bgra(static_cast<size_t>(info.bmWidth) * info.bmHeight);
+    HDC dc = GetDC(nullptr);
+    GetDIBits(dc, bitmap, 0, info.bmHeight, bgra.data(), &request, DIB_RGB_COLORS);
+    ReleaseDC(nullptr, dc);
+    DeleteObject(bitmap);
+    for (DWORD value : bgra) pixels.values.push_back(RGB((value >> 16) & 0xFF, (value >> 8) & 0xFF, value & 0xFF));
+    return pixels;
+}
+
+class DisplayLibrary : public ::testing::TestWithParam<int> {
+protected:
+    void SetUp() override {
+        scale_ = GetParam();
+        const wchar_t* name = scale_ == 1 ? L"\\LowDpiRes.dll" : L"\\HighDpiRes.dll";
+        library_ = LoadLibraryW((TestBinDir() + name).c_str());
+        ASSERT_NE(library_, nullptr);
+    }
+    void TearDown() override {
+        if (library_) FreeLibrary(library_);
+    }
+
+    int scale_ = 1;
+    HMODULE library_ = nullptr;
+};
+
+TEST_P(DisplayLibrary, StripsHaveTheSizeOfTheirImagesAtThisResolution) {
+    for (const ImageSpec& spec : kImages) {
+        Pixels pixels = ReadPixels(library_, spec.id);
+        EXPECT_EQ(pixels.width, spec.imageWidth * spec.images * scale_) << spec.id;
+        EXPECT_EQ(pixels.height, spec.imageHeight * scale_) << spec.id;
+    }
+}
+
+TEST_P(DisplayLibrary, EveryImageIsDrawnOnItsMaskColourAndDiffersFromTheOthers) {
+    for (const ImageSpec& spec : kImages) {
+        SCOPED_TRACE(testing::Message() << "bitmap " << spec.id);
+        Pixels pixels = ReadPixels(library_, spec.id);
+        ASSERT_FALSE(pixels.values.empty());
+        int w = spec.imageWidth * scale_;
+        int h = spec.imageHeight * scale_;
+        std::vector<std::vector<COLORREF>> images;
+        for (int image = 0; image < spec.images; ++image) {
+            std::vector<COLORREF> own;
+            int transparent = 0;
+            for (int y = 0; y < h; ++y) {
+                for (int x = image * w; x < (image + 1) * w; ++x) {
+                    own.push_back(pixels.at(x, y));
+                    if (pixels.at(x, y) == spec.mask) ++transparent;
+                }
+            }
+            int total = w * h;
+            EXPECT_GT(transparent, 0) << "image " << image << " shows its mask colour somewhere";
+            EXPECT_LT(transparent, total * 7 / 8) << "image " << image << " is drawn, not blank";
+            for (const auto& other : images) EXPECT_NE(own, other) << "image " << image;
+            images.push_back(own);
+        }
+    }
+}
+
+TEST_P(DisplayLibrary, ImageListsSplitTheStripsAsTheProgramAsks) {
+    struct Use {
+        UINT id;
+        int width;
+        COLORREF mask;
+        int expected;
+    };
+    const Use uses[] = {{IDB_MENU_BUTTONS, 16, QL_MENU_BUTTON_MASK, 2},
+                        {IDB_PAGE_ICONS, 32, QL_PAGE_ICON_MASK, 12},
+                        {IDB_ITEM_ICONS, 16, QL_ITEM_ICON_MASK, QL_ITEM_ICON_COUNT}};
+    for (const Use& use : uses) {
+        HIMAGELIST list = ImageList_LoadImageW(library_, MAKEINTRESOURCEW(use.id), use.width * scale_, 0,
+                                               use.mask, IMAGE_BITMAP, 0);
+        ASSERT_NE(list, nullptr) << use.id;
+        EXPECT_EQ(ImageList_GetImageCount(list), use.expected) << use.id;
+        int cx = 0, cy = 0;
+        ImageList_GetIconSize(list, &cx, &cy);
+        EXPECT_EQ(cx, use.width * scale_);
+        EXPECT_EQ(cy, use.width * scale_);
+        ImageList_Destroy(list);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Resolutions, DisplayLibrary, ::testing::Values(1, 2),
+                         [](const ::testing::TestParamInfo<int>& info) {
+                             return info.param == 1 ? std::string("LowDpi") : std::string("HighDpi");
+                         });
+
+TEST(DisplayLibraries, HighResolutionImagesAreDrawnNotDoubled) {
+    HMODULE low = LoadLibraryW((TestBinDir() + L"\\LowDpiRes.dll").c_str());
+    HMODULE high = LoadLibraryW((TestBinDir() + L"\\HighDpiRes.dll").c_str());
+    ASSERT_NE(low, nullptr);
+    ASSERT_NE(high, nullptr);
+    for (const ImageSpec& spec : kImages) {
+        Pixels small = ReadPixels(low, spec.id);
+        Pixels large = ReadPixels(high, spec.id);
+        ASSERT_EQ(large.width, small.width * 2) << spec.id;
+        // A 2 x 2 block of the large image that is not one colour holds detail of its own.
+        int detailed = 0, doubled = 0;
+        for (int y = 0; y < small.height; ++y) {
+            for (int x = 0; x < small.width; ++x) {
+                COLORREF c = large.at(2 * x, 2 * y);
+                bool uniform = large.at(2 * x + 1, 2 * y) == c && large.at(2 * x, 2 * y + 1) == c &&
+                               large.at(2 * x + 1, 2 * y + 1) == c;
+                if (!uniform) ++detailed;
+                if (uniform && c == small.at(x, y)) ++doubled;
+            }
+        }
+        EXPECT_GT(detailed, small.width * small.height / 20) << spec.id;
+        EXPECT_LT(doubled, small.width * small.height) << spec.id;
+    }
+    FreeLibrary(low);
+    FreeLibrary(high);
+}
+
+}  // namespace
