@@ -8,7 +8,7 @@ standard library is used and the output is byte for byte reproducible:
 
     python3 resources/display/make_bitmaps.py
 
-writes resources/display/low/*.bmp, resources/display/high/*.bmp and resources/program.ico.
+writes resources/display/*_96dpi.bmp, resources/display/*_192dpi.bmp and resources/program.ico.
 The bitmaps are 24-bit BMP files; transparent parts are filled with each bitmap's mask colour.
 """
 
@@ -645,22 +645,21 @@ MASK_RED = (255, 0, 0)                  # preview arrows
 MASK_MAGENTA = (255, 0, 255)            # item icons
 
 BITMAPS = [
-    # file name, painters, image width and height in units, mask colour, matte colour
-    ("menu_buttons.bmp", MENU_BUTTONS, 16, 16, MASK_MENU_BUTTONS, None),
-    ("page_icons.bmp", PAGE_ICONS, 32, 32, MASK_GREEN, WHITE),
-    ("up_folder.bmp", [up_folder], 20, 20, MASK_GREEN, WHITE),
-    ("preview_arrows.bmp", [preview_arrows], 20, 12, MASK_RED, WHITE),
-    ("item_icons.bmp", ITEM_ICONS, 16, 16, MASK_MAGENTA, None),
+    # file name stem, painters, image width and height in units, mask colour, matte colour
+    ("menu_buttons", MENU_BUTTONS, 16, 16, MASK_MENU_BUTTONS, None),
+    ("page_icons", PAGE_ICONS, 32, 32, MASK_GREEN, WHITE),
+    ("up_folder", [up_folder], 20, 20, MASK_GREEN, WHITE),
+    ("preview_arrows", [preview_arrows], 20, 12, MASK_RED, WHITE),
+    ("item_icons", ITEM_ICONS, 16, 16, MASK_MAGENTA, None),
 ]
 
 
 def main():
     here = os.path.dirname(os.path.abspath(__file__))
-    for folder, scale, dpi in (("low", 1, 96), ("high", 2, 192)):
-        os.makedirs(os.path.join(here, folder), exist_ok=True)
+    for scale, dpi in ((1, 96), (2, 192)):
         for name, painters, unit_w, unit_h, mask, matte in BITMAPS:
             rows = strip(painters, unit_w, unit_h, scale, mask, matte)
-            write_bmp(os.path.join(here, folder, name), rows, dpi)
+            write_bmp(os.path.join(here, "%s_%ddpi.bmp" % (name, dpi)), rows, dpi)
     icons = []
     for size in (16, 32):
         canvas = Canvas(32, 32, size / 32.0)
