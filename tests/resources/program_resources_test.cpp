@@ -322,25 +322,76 @@ TEST_P(DisplayLibrary, EveryImageIsDrawnOnItsMaskColourAndDiffersFromTheOthers) 
     }
 }
 
-TEST_P(DisplayLibrary, ImageListsSplitTheStripsAsTheProgramAsks) {
+// Draws image `index` of an image list on white and reads the result back.
+Pixels DrawOnWhite(HIMAGELIST list, int index, int width, int height) {
+    Pixels pixels;
+    BITMAPINFO request = {};
+    request.bmiHeader.biSize = sizeof request.bmiHeader;
+    request.bmiHeader.biWidth = width;
+    request.bmiHeader.biHeight = -height;
+    request.bmiHeader.biPlanes = 1;
+    request.bmiHeader.biBitCount = 32;
+    void* bits = nullptr;
+    HDC dc = CreateCompatibleDC(nullptr);
+    HBITMAP target = CreateDIBSection(dc, &request, DIB_RGB_COLORS, &bits, nullptr, 0);
+    HGDIOBJ old = SelectObject(dc, target);
+    PatBlt(dc, 0, 0, width, height, WHITENESS);
+    ImageList_Draw(list, index, dc, 0, 0, ILD_NORMAL);
+    GdiFlush();
+    pixels.width = width;
+    pixels.height = height;
+    const DWORD* bgra = static_cast<const DWORD*>(bits);
+    for (int i = 0; i < width * height; ++i) {
+        pixels.values.push_back(RGB((bgra[i] >> 16) & 0xFF, (bgra[i] >> 8) & 0xFF, bgra[i] & 0xFF));
+    }
+    SelectObject(dc, old);
+    DeleteObject(target);
+    DeleteDC(dc);
+    return pixels;
+}
+
+bool Near(COLORREF a, COLORREF b) {
+    return abs(GetRValue(a) - GetRValue(b)) <= 2 && abs(GetGValue(a) - GetGValue(b)) <= 2 &&
+           abs(GetBValue(a) - GetBValue(b)) <= 2;
+}
+
+// Loaded as the program loads them (with a DIB section, without which a desktop image list keeps
+// 16 colours), the strips split into their images, the mask colour shows what lies beneath and
+// every other pixel keeps its colour.
+TEST_P(DisplayLibrary, ImageListsShowTheImagesOverTheBackground) {
     struct Use {
         UINT id;
         int width;
         COLORREF mask;
         int expected;
     };
-    const Use uses[] = {{IDB_MENU_BUTTONS, 16, QL_MENU_BUTTON_MASK, 2},
-                        {IDB_PAGE_ICONS, 32, QL_PAGE_ICON_MASK, 12},
-                        {IDB_ITEM_ICONS, 16, QL_ITEM_ICON_MASK, QL_ITEM_ICON_COUNT}};
+    const Use uses[] = {{IDB_MENU_BUTTONS, QL_MENU_BUTTON_SIZE, QL_MENU_BUTTON_MASK, 2},
+                        {IDB_PAGE_ICONS, QL_PAGE_ICON_SIZE, QL_PAGE_ICON_MASK, QL_PAGE_ICON_COUNT},
+                        {IDB_ITEM_ICONS, QL_ITEM_ICON_SIZE, QL_ITEM_ICON_MASK, QL_ITEM_ICON_COUNT}};
     for (const Use& use : uses) {
-        HIMAGELIST list = ImageList_LoadImageW(library_, MAKEINTRESOURCEW(use.id), use.width * scale_, 0,
-                                               use.mask, IMAGE_BITMAP, 0);
-        ASSERT_NE(list, nullptr) << use.id;
-        EXPECT_EQ(ImageList_GetImageCount(list), use.expected) << use.id;
+        SCOPED_TRACE(testing::Message() << "bitmap " << use.id);
+        int size = use.width * scale_;
+        HIMAGELIST list = ImageList_LoadImageW(library_, MAKEINTRESOURCEW(use.id), size, 0, use.mask, IMAGE_BITMAP,
+                                               LR_CREATEDIBSECTION);
+        ASSERT_NE(list, nullptr);
+        ASSERT_EQ(ImageList_GetImageCount(list), use.expected);
         int cx = 0, cy = 0;
         ImageList_GetIconSize(list, &cx, &cy);
-        EXPECT_EQ(cx, use.width * scale_);
-        EXPECT_EQ(cy, use.width * scale_);
+        EXPECT_EQ(cx, size);
+        EXPECT_EQ(cy, size);
+        Pixels source = ReadPixels(library_, use.id);
+        for (int image = 0; image < use.expected; ++image) {
+            Pixels drawn = DrawOnWhite(list, image, size, size);
+            int wrong = 0;
+            for (int y = 0; y < size; ++y) {
+                for (int x = 0; x < size; ++x) {
+                    COLORREF original = source.at(image * size + x, y);
+                    COLORREF expected = original == use.mask ? RGB(255, 255, 255) : original;
+                    if (!Near(drawn.at(x, y), expected)) ++wrong;
+                }
+            }
+            EXPECT_EQ(wrong, 0) << "image " << image;
+        }
         ImageList_Destroy(list);
     }
 }
