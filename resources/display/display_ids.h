@@ -6,6 +6,8 @@
 // the 192-dpi library's are twice as large, which ScaleForDisplay gives at 192 dpi and in VGA mode.
 // (Between 144 and 191 dpi the high-resolution library is loaded while ScaleForDisplay(16) is
 // less than 32: code that splits a strip should then take the image size from the bitmap.)
+// Load them with LR_CREATEDIBSECTION (ImageList_LoadImage, LoadImage): a desktop image list
+// made from a device-dependent bitmap keeps only 16 colours.
 // The bitmaps are drawn by make_bitmaps.py beside this header.
 
 // Menu-bar buttons: image 0 Cancel (a cross), image 1 Done / OK (a tick); 16 x 16 each.
