@@ -1,8 +1,14 @@
 #include "images/blend_buffer.h"
 
+#include <memory>
+#include <new>
+
 namespace {
 
 const LONG kPixelsPerMetre = 3780;
+
+// One user-interface thread draws, so one kept buffer serves every draw.
+std::unique_ptr<BlendBuffer> g_keptBuffer;
 
 }  // namespace
 
@@ -26,12 +32,22 @@ BlendBuffer::BlendBuffer(int width, int height)
     bits_ = static_cast<BYTE*>(bits);
 }
 
-bool BlendBuffer::capture(HDC dc, int x, int y) {
-    if (!valid() || !BitBlt(dc_.get(), 0, 0, width_, height_, dc, x, y, SRCCOPY)) return false;
+bool BlendBuffer::capture(HDC dc, int x, int y, int firstRow, int rowCount) {
+    if (!valid() || !BitBlt(dc_.get(), 0, firstRow, width_, rowCount, dc, x, y + firstRow, SRCCOPY)) return false;
     GdiFlush();
     return true;
 }
 
-void BlendBuffer::putBack(HDC dc, int x, int y) const {
-    if (valid()) BitBlt(dc, x, y, width_, height_, dc_.get(), 0, 0, SRCCOPY);
+void BlendBuffer::putBack(HDC dc, int x, int y, int firstRow, int rowCount) const {
+    if (valid()) BitBlt(dc, x, y + firstRow, width_, rowCount, dc_.get(), 0, firstRow, SRCCOPY);
+}
+
+BlendBuffer* OffScreenBuffer(int width, int height) {
+    BlendBuffer* kept = g_keptBuffer.get();
+    if (kept && kept->width() == width && kept->height() == height) return kept;
+    g_keptBuffer.reset();
+    g_keptBuffer.reset(new (std::nothrow) BlendBuffer(width, height));
+    if (g_keptBuffer && g_keptBuffer->valid()) return g_keptBuffer.get();
+    g_keptBuffer.reset();
+    return nullptr;
 }
