@@ -2,11 +2,13 @@
 // Hand-made TGA bytes and resource modules for the image tests.
 #include <windows.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "common/test_support.h"
 #include "images/skin_image.h"
+#include "support/handles.h"
 
 struct Rgba {
     BYTE r, g, b, a;
@@ -82,3 +84,49 @@ inline bool WriteModuleWithResources(const std::wstring& path, const std::vector
     }
     return EndUpdateResourceW(update, FALSE) != FALSE;
 }
+
+// A 32-bit top-down DIB section selected into a memory DC, filled with a varied pattern.
+class Canvas {
+public:
+    Canvas(int width, int height) : width_(width), height_(height), dc_(CreateCompatibleDC(nullptr)) {
+        BITMAPINFO info = {};
+        info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
+        info.bmiHeader.biWidth = width;
+        info.bmiHeader.biHeight = -height;
+        info.bmiHeader.biPlanes = 1;
+        info.bmiHeader.biBitCount = 32;
+        void* bits = nullptr;
+        bitmap_.reset(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+        bits_ = static_cast<DWORD*>(bits);
+        previous_ = SelectObject(dc_.get(), bitmap_.get());
+        for (int i = 0; i < width * height; ++i) bits_[i] = static_cast<DWORD>(i * 2654435761u) & 0xFFFFFF;
+        original_.assign(bits_, bits_ + width * height);
+    }
+    ~Canvas() { SelectObject(dc_.get(), previous_); }
+
+    HDC dc() const { return dc_.get(); }
+    Rgba at(int x, int y) const {
+        GdiFlush();
+        DWORD v = bits_[y * width_ + x];
+        return {BYTE(v >> 16), BYTE(v >> 8), BYTE(v), 255};
+    }
+    Rgba original(int x, int y) const {
+        DWORD v = original_[y * width_ + x];
+        return {BYTE(v >> 16), BYTE(v >> 8), BYTE(v), 255};
+    }
+    bool unchanged() const {
+        GdiFlush();
+        return std::equal(original_.begin(), original_.end(), bits_);
+    }
+    int width() const { return width_; }
+    int height() const { return height_; }
+
+private:
+    int width_;
+    int height_;
+    Bitmap bitmap_;
+    MemoryDc dc_;
+    DWORD* bits_;
+    HGDIOBJ previous_;
+    std::vector<DWORD> original_;
+};

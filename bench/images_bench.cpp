@@ -1,0 +1,218 @@
+// Skin pictures: decoding a large run-length TGA beside stb_image, and alpha-blending a large
+// picture beside GDI's AlphaBlend of the same pixels.
+#define STB_IMAGE_IMPLEMENTATION
+#define STBI_ONLY_TGA
+#include <stb_image.h>
+
+#include <windows.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "bench_harness.h"
+#include "images/skin_image.h"
+#include "support/handles.h"
+
+namespace {
+
+const int kDecodeSide = 2048;
+const int kBlendSide = 1024;
+
+struct Bgra {
+    BYTE b, g, r, a;
+    bool operator==(const Bgra& o) const { return b == o.b && g == o.g && r == o.r && a == o.a; }
+};
+
+// A skin-like picture: flat stretches of one colour beside gradients, alpha of every kind.
+Bgra SkinPixel(int x, int y) {
+    int band = (x / 96 + y / 80) % 4;
+    if (band == 0) return {40, 90, 200, 255};
+    if (band == 1) return {0, 0, 0, 0};
+    BYTE alpha = band == 2 ? static_cast<BYTE>((x + y) & 0xFF) : 255;
+    return {static_cast<BYTE>(x * 3 + y), static_cast<BYTE>(x ^ y), static_cast<BYTE>(y * 5), alpha};
+}
+
+void AppendPixel(std::string& out, const Bgra& p) { out.append(reinterpret_cast<const char*>(&p), 4); }
+
+// Run-length encodes one row: runs of 2 or more equal pixels, raw packets for the rest.
+void EncodeRow(std::string& out, const std::vector<Bgra>& row) {
+    size_t x = 0;
+    while (x < row.size()) {
+        size_t run = 1;
+        while (x + run < row.size() && run < 128 && row[x + run] == row[x]) ++run;
+        if (run >= 2) {
+            out += static_cast<char>(0x80 | (run - 1));
+            AppendPixel(out, row[x]);
+            x += run;
+            continue;
+        }
+        size_t raw = 1;
+        while (x + raw < row.size() && raw < 128 && !(x + raw + 1 < row.size() && row[x + raw + 1] == row[x + raw]))
+            ++raw;
+        out += static_cast<char>(raw - 1);
+        for (size_t i = 0; i < raw; ++i) AppendPixel(out, row[x + i]);
+        x += raw;
+    }
+}
+
+std::string RunLengthPicture(int side) {
+    std::string bytes(18, '\0');
+    bytes[2] = 10;
+    bytes[12] = static_cast<char>(side & 0xFF);
+    bytes[13] = static_cast<char>(side >> 8);
+    bytes[14] = static_cast<char>(side & 0xFF);
+    bytes[15] = static_cast<char>(side >> 8);
+    bytes[16] = 32;
+    bytes[17] = 8;  // bottom row first, 8 alpha bits
+    std::vector<Bgra> row(static_cast<size_t>(side));
+    for (int y = side - 1; y >= 0; --y) {
+        for (int x = 0; x < side; ++x) row[x] = SkinPixel(x, y);
+        EncodeRow(bytes, row);
+    }
+    return bytes;
+}
+
+std::wstring g_tgaPath;
+std::string g_tgaBytes;
+char g_tgaPathNarrow[MAX_PATH];
+
+void SetUpDecode() {
+    wchar_t temp[MAX_PATH];
+    GetTempPathW(MAX_PATH, temp);
+    g_tgaPath = std::wstring(temp) + L"ql_bench_skin.tga";
+    WideCharToMultiByte(CP_ACP, 0, g_tgaPath.c_str(), -1, g_tgaPathNarrow, MAX_PATH, nullptr, nullptr);
+    g_tgaBytes = RunLengthPicture(kDecodeSide);
+    FILE* file = _wfopen(g_tgaPath.c_str(), L"wb");
+    if (!file) return;
+    fwrite(g_tgaBytes.data(), 1, g_tgaBytes.size(), file);
+    fclose(file);
+}
+
+void TearDownDecode() { DeleteFileW(g_tgaPath.c_str()); }
+
+void KeepStbPicture(unsigned char* pixels) {
+    BenchKeep(pixels ? pixels[4 * 1000] : -1);
+    stbi_image_free(pixels);
+}
+
+BenchRegistration g_decodeFile({
+    "TGA file decode, 2048x2048 32-bit run-length", "stb_image stbi_load of the same file", SetUpDecode,
+    [] {
+        SkinImage image;
+        BenchKeep(LoadTgaFile(image, g_tgaPath.c_str()) == S_OK ? image.alpha[1000] : -1);
+    },
+    [] {
+        int width, height, channels;
+        KeepStbPicture(stbi_load(g_tgaPathNarrow, &width, &height, &channels, 4));
+    },
+    TearDownDecode, 10});
+
+BenchRegistration g_decodeMemory({
+    "TGA memory decode, 2048x2048 32-bit run-length", "stb_image stbi_load_from_memory, same bytes", SetUpDecode,
+    [] {
+        SkinImage image;
+        HRESULT result = DecodeTga(image, reinterpret_cast<const BYTE*>(g_tgaBytes.data()), g_tgaBytes.size());
+        BenchKeep(result == S_OK ? image.alpha[1000] : -1);
+    },
+    [] {
+        int width, height, channels;
+        KeepStbPicture(stbi_load_from_memory(reinterpret_cast<const stbi_uc*>(g_tgaBytes.data()),
+                                             static_cast<int>(g_tgaBytes.size()), &width, &height, &channels, 4));
+    },
+    TearDownDecode, 10});
+
+// ---- blending ------------------------------------------------------------------------------
+
+// A 32-bit top-down DIB section selected into a memory DC.
+struct Surface {
+    Bitmap bitmap;
+    MemoryDc dc;
+    DWORD* bits = nullptr;
+    HGDIOBJ previous = nullptr;
+
+    void create(int side) {
+        BITMAPINFO info = {};
+        info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
+        info.bmiHeader.biWidth = side;
+        info.bmiHeader.biHeight = -side;
+        info.bmiHeader.biPlanes = 1;
+        info.bmiHeader.biBitCount = 32;
+        void* pixels = nullptr;
+        bitmap.reset(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
+        dc.reset(CreateCompatibleDC(nullptr));
+        bits = static_cast<DWORD*>(pixels);
+        previous = SelectObject(dc.get(), bitmap.get());
+    }
+    void destroy() {
+        if (dc) SelectObject(dc.get(), previous);
+        dc.reset();
+        bitmap.reset();
+        bits = nullptr;
+    }
+};
+
+Surface g_destination;
+Surface g_premultiplied;  // AlphaBlend's source: the same pixels, premultiplied by alpha
+SkinImage g_picture;
+
+using PixelSource = Bgra (*)(int, int);
+
+Bgra TranslucentPixel(int x, int y) {
+    return {static_cast<BYTE>(x * 3 + y), static_cast<BYTE>(x ^ y), static_cast<BYTE>(y * 5),
+            static_cast<BYTE>(1 + (x + 2 * y) % 254)};
+}
+
+void SetUpBlend(PixelSource pixelAt) {
+    std::string bytes(18, '\0');
+    bytes[2] = 2;
+    bytes[12] = static_cast<char>(kBlendSide & 0xFF);
+    bytes[13] = static_cast<char>(kBlendSide >> 8);
+    bytes[14] = static_cast<char>(kBlendSide & 0xFF);
+    bytes[15] = static_cast<char>(kBlendSide >> 8);
+    bytes[16] = 32;
+    bytes[17] = 0x10;  // top row first
+    g_premultiplied.create(kBlendSide);
+    g_destination.create(kBlendSide);
+    for (int y = 0; y < kBlendSide; ++y) {
+        for (int x = 0; x < kBlendSide; ++x) {
+            Bgra p = pixelAt(x, y);
+            AppendPixel(bytes, p);
+            DWORD premultiplied = static_cast<DWORD>(p.a) << 24 | static_cast<DWORD>(p.r * p.a / 255) << 16 |
+                                  static_cast<DWORD>(p.g * p.a / 255) << 8 | static_cast<DWORD>(p.b * p.a / 255);
+            g_premultiplied.bits[y * kBlendSide + x] = premultiplied;
+            g_destination.bits[y * kBlendSide + x] = static_cast<DWORD>(x * 2654435761u ^ y * 40503u) & 0xFFFFFF;
+        }
+    }
+    DecodeTga(g_picture, reinterpret_cast<const BYTE*>(bytes.data()), bytes.size());
+}
+
+void TearDownBlend() {
+    g_destination.destroy();
+    g_premultiplied.destroy();
+    ReleaseSkinImage(g_picture);
+}
+
+void DrawPicture() {
+    DrawSkinImage(g_picture, g_destination.dc.get(), 0, 0, -1, -1, 0, 0, -1, -1);
+    GdiFlush();
+    BenchKeep(g_destination.bits[12345]);
+}
+
+void GdiAlphaBlend() {
+    BLENDFUNCTION blend = {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
+    AlphaBlend(g_destination.dc.get(), 0, 0, kBlendSide, kBlendSide, g_premultiplied.dc.get(), 0, 0, kBlendSide,
+               kBlendSide, blend);
+    GdiFlush();
+    BenchKeep(g_destination.bits[12345]);
+}
+
+BenchRegistration g_blendSkin({
+    "DrawSkinImage blend, 1024x1024 skin alpha", "GDI AlphaBlend of the same pixels",
+    [] { SetUpBlend(SkinPixel); }, DrawPicture, GdiAlphaBlend, TearDownBlend, 10});
+
+BenchRegistration g_blendTranslucent({
+    "DrawSkinImage blend, 1024x1024 all translucent", "GDI AlphaBlend of the same pixels",
+    [] { SetUpBlend(TranslucentPixel); }, DrawPicture, GdiAlphaBlend, TearDownBlend, 10});
+
+}  // namespace
