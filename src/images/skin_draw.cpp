@@ -1,7 +1,6 @@
 // Drawing skin pictures: alpha-blended planes, colour-keyed bitmaps and translucent fills.
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 
 #include "images/blend_buffer.h"
@@ -25,48 +24,59 @@ void BlendBytes(BYTE* __restrict destination, const BYTE* __restrict source, con
 
 void Store32(BYTE* bytes, uint32_t value) { memcpy(bytes, &value, 4); }
 
-// One row's source pixels and alpha laid out like the buffer's blue-green-red bytes, so that
+// Pixels looked at together: stretches the picture leaves clear are skipped and opaque ones
+// copied.
+const size_t kStretch = 128;
+
+// A stretch's source pixels and alpha laid out like the buffer's blue-green-red bytes, so that
 // one byte loop blends them. Each pixel is stored as 4 bytes whose last one the next pixel
 // overwrites, hence one spare byte.
-class RowLayout {
-public:
-    explicit RowLayout(int columns)
-        : source_(static_cast<BYTE*>(malloc(static_cast<size_t>(columns) * 3 + 1))),
-          alpha_(static_cast<BYTE*>(malloc(static_cast<size_t>(columns) * 3 + 1))) {}
-    ~RowLayout() {
-        free(source_);
-        free(alpha_);
-    }
-    RowLayout(const RowLayout&) = delete;
-    RowLayout& operator=(const RowLayout&) = delete;
+struct StretchLayout {
+    BYTE source[kStretch * 3 + 1];
+    BYTE alpha[kStretch * 3 + 1];
 
-    bool valid() const { return source_ && alpha_; }
-    const BYTE* source() const { return source_; }
-    const BYTE* alpha() const { return alpha_; }
-
-    // Lays out `count` pixels from plane index `at`.
+    // Lays out `count` (at most kStretch) pixels from plane index `at`.
     void fill(const SkinImage& image, size_t at, size_t count) {
         for (size_t i = 0; i < count; ++i) {
-            Store32(source_ + i * 3, image.blue[at + i] | image.green[at + i] << 8 | image.red[at + i] << 16);
-            Store32(alpha_ + i * 3, image.alpha[at + i] * 0x010101u);
+            Store32(source + i * 3, image.blue[at + i] | image.green[at + i] << 8 | image.red[at + i] << 16);
+            Store32(alpha + i * 3, image.alpha[at + i] * 0x010101u);
         }
     }
-
-private:
-    BYTE* source_;
-    BYTE* alpha_;
 };
+
+// How much of a stretch of pixels the picture covers.
+enum class Coverage { kNone, kFull, kPartial };
+
+Coverage CoverageOf(const BYTE* alpha, size_t count) {
+    unsigned any = 0, all = 255;
+    for (size_t i = 0; i < count; ++i) {
+        any |= alpha[i];
+        all &= alpha[i];
+    }
+    if (any == 0) return Coverage::kNone;
+    return all == 255 ? Coverage::kFull : Coverage::kPartial;
+}
 
 // Blends the planes into one buffer row. Plane indexes run on from `start`; only those inside
 // the picture are drawn, so a row may draw part of the next picture row, never past the planes.
-void BlendRow(const SkinImage& image, long long start, int columns, BYTE* pixels, RowLayout& layout) {
+void BlendRow(const SkinImage& image, long long start, int columns, BYTE* pixels) {
     long long total = static_cast<long long>(image.width) * image.height;
     long long first = std::max(0LL, -start);
     long long last = std::min<long long>(columns, total - start);
-    if (first >= last) return;
-    size_t count = static_cast<size_t>(last - first);
-    layout.fill(image, static_cast<size_t>(start + first), count);
-    BlendBytes(pixels + first * 3, layout.source(), layout.alpha(), count * 3);
+    StretchLayout layout;
+    for (long long column = first; column < last; column += kStretch) {
+        size_t count = static_cast<size_t>(std::min<long long>(kStretch, last - column));
+        size_t at = static_cast<size_t>(start + column);
+        Coverage coverage = CoverageOf(image.alpha + at, count);
+        if (coverage == Coverage::kNone) continue;
+        layout.fill(image, at, count);
+        BYTE* destination = pixels + column * 3;
+        if (coverage == Coverage::kFull) {
+            memcpy(destination, layout.source, count * 3);
+        } else {
+            BlendBytes(destination, layout.source, layout.alpha, count * 3);
+        }
+    }
 }
 
 void DrawPlanes(const SkinImage& image, HDC dc, int x, int y, int width, int height, int sourceX,
@@ -79,11 +89,9 @@ void DrawPlanes(const SkinImage& image, HDC dc, int x, int y, int width, int hei
     int rows = std::min(height, rowLimit);
     if (columns <= 0 || rows <= 0) return;
 
-    RowLayout layout(columns);
-    if (!layout.valid()) return;
     BlendOver(dc, x, y, columns, rows, [&](int row, BYTE* pixels) {
         long long start = (static_cast<long long>(row) + sourceY) * image.width + sourceX;
-        BlendRow(image, start, columns, pixels, layout);
+        BlendRow(image, start, columns, pixels);
     });
 }
 

@@ -82,6 +82,27 @@ TEST(SkinDraw, PlanesAreBlendedOverTheDestination) {
     ExpectDrawn(canvas, image, 3, 2, 5, 4, [&](int c, int r) { return r * 5LL + c; });
 }
 
+TEST(SkinDraw, LongClearAndOpaqueStretchesDrawLikeAnyOther) {
+    // Rows of 700: 300 clear pixels, 300 opaque ones, then mixed alpha; drawn from an offset
+    // too, so that the stretches also fall across row ends.
+    const int width = 700, height = 3;
+    std::string bytes = TgaHeader(kTrueColor, width, height, 32, 0x10);
+    for (int i = 0; i < width * height; ++i) {
+        int column = i % width;
+        BYTE alpha = column < 300 ? 0 : column < 600 ? 255 : BYTE(column * 11);
+        bytes += PixelBytes({BYTE(i), BYTE(i / 3), BYTE(i * 7), alpha}, 32);
+    }
+    SkinImage image;
+    ASSERT_EQ(DecodeBytes(image, bytes), S_OK);
+    for (int sourceX : {0, 77}) {
+        SCOPED_TRACE(testing::Message() << "source x " << sourceX);
+        Canvas canvas(710, 5);
+        DrawSkinImage(image, canvas.dc(), 4, 1, -1, -1, sourceX, 0, -1, -1);
+        ExpectDrawn(canvas, image, 4, 1, width, height,
+                    [&](int c, int r) { return r * static_cast<long long>(width) + c + sourceX; });
+    }
+}
+
 TEST(SkinDraw, LimitsAndSourceOffsetsChooseThePlaneIndexes) {
     struct Case {
         int width, height, sourceX, sourceY, columnLimit, rowLimit;
