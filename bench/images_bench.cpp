@@ -209,10 +209,10 @@ void GdiAlphaBlend() {
 
 BenchRegistration g_blendSkin({
     "DrawSkinImage blend, 1024x1024 skin alpha", "GDI AlphaBlend of the same pixels",
-    [] { SetUpBlend(SkinPixel); }, DrawPicture, GdiAlphaBlend, TearDownBlend, 10});
+    [] { SetUpBlend(SkinPixel); }, DrawPicture, GdiAlphaBlend, TearDownBlend, 20});
 
 BenchRegistration g_blendTranslucent({
     "DrawSkinImage blend, 1024x1024 all translucent", "GDI AlphaBlend of the same pixels",
-    [] { SetUpBlend(TranslucentPixel); }, DrawPicture, GdiAlphaBlend, TearDownBlend, 10});
+    [] { SetUpBlend(TranslucentPixel); }, DrawPicture, GdiAlphaBlend, TearDownBlend, 20});
 
 }  // namespace

@@ -6,6 +6,8 @@
 namespace {
 
 const LONG kPixelsPerMetre = 3780;
+// Far wider than any screen; keeps the rounding and the row arithmetic away from overflow.
+const int kWidestBuffer = 1 << 20;
 
 // One user-interface thread draws, so one kept buffer serves every draw.
 std::unique_ptr<BlendBuffer> g_keptBuffer;
@@ -13,8 +15,9 @@ std::unique_ptr<BlendBuffer> g_keptBuffer;
 }  // namespace
 
 BlendBuffer::BlendBuffer(int width, int height)
-    : width_(width), roundedWidth_(RoundedBufferWidth(width)), height_(height), bits_(nullptr) {
-    if (width <= 0 || height <= 0) return;
+    : width_(width), roundedWidth_(0), height_(height), bits_(nullptr) {
+    if (width <= 0 || height <= 0 || width > kWidestBuffer) return;
+    roundedWidth_ = RoundedBufferWidth(width);
     BITMAPINFO info = {};
     info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
     info.bmiHeader.biWidth = roundedWidth_;

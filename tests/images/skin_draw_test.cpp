@@ -37,6 +37,7 @@ TEST(SkinBlend, OffScreenBufferIsBottomUpWithWidthRoundedToFour) {
     }
     EXPECT_FALSE(BlendBuffer(0, 3).valid());
     EXPECT_FALSE(BlendBuffer(3, 0).valid());
+    EXPECT_FALSE(BlendBuffer(0x7FFFFFFF, 1).valid());
 }
 
 Rgba Blended(Rgba source, Rgba destination) {

@@ -99,9 +99,9 @@ TEST(TgaDecode, AnyDepthBut32IsReadAsOpaque24Bit) {
     }
 }
 
-TEST(TgaDecode, IdFieldIsSkippedAndColourMapSpecificationIgnored) {
+TEST(TgaDecode, IdFieldIsSkippedAndColourMapFieldsIgnored) {
     std::string header = TgaHeader(kTrueColor, 1, 1, 32, 0, 255);
-    for (int i = 3; i < 12; ++i) header[i] = '\x7F';  // colour-map specification and origin
+    for (int i = 3; i < 12; ++i) header[i] = '\x7F';  // colour-map fields and origin
     SkinImage image;
     ASSERT_EQ(DecodeBytes(image, header + std::string(255, '\xEE') + PixelBytes(kB, 32)), S_OK);
     EXPECT_EQ(PixelAt(image, 0, 0), kB);
