@@ -313,8 +313,8 @@ CEOID CeReadRecordPropsEx(HANDLE database, DWORD flags, LPWORD propertyCount, CE
         LPBYTE grown = Allocate(heap, *buffer, std::max<size_t>(size, 1));
         if (!grown) return FailRead(ERROR_NOT_ENOUGH_MEMORY);
         *buffer = grown;
-        *bufferSize = static_cast<DWORD>(std::max<size_t>(size, 1));
     }
+    *bufferSize = static_cast<DWORD>(size);
     CEPROPVAL* values = reinterpret_cast<CEPROPVAL*>(*buffer);
     BYTE* data = *buffer + chosen.size() * sizeof(CEPROPVAL);
     for (size_t i = 0; i < chosen.size(); ++i) FillValue(&values[i], ids[i], chosen[i], &data);

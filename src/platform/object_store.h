@@ -94,9 +94,9 @@ CEOID CeSeekDatabase(HANDLE database, DWORD seekType, DWORD value, LPDWORD index
 // high word) gives one CEPROPVAL in request order, carrying the stored type, or CEDB_PROPNOTFOUND;
 // without, every property is returned and *propertyCount receives their number. The buffer holds
 // the CEPROPVAL array followed by the strings and blobs they point into. With CEDB_ALLOWREALLOC a
-// missing or small buffer is (re)allocated from `heap`, or with LocalAlloc when `heap` is 0, and
-// *bufferSize receives the new size; otherwise a small buffer fails with ERROR_INSUFFICIENT_BUFFER
-// and *bufferSize receives the size needed. Returns the record's identifier, or 0
+// missing or small buffer is (re)allocated from `heap`, or with LocalAlloc when `heap` is 0;
+// otherwise a small buffer fails with ERROR_INSUFFICIENT_BUFFER. Either way *bufferSize receives
+// the bytes the record takes (a caller retrying must set it back to its buffer's real size). Returns the record's identifier, or 0
 // (ERROR_NO_MORE_ITEMS past the last record). With CEDB_AUTOINCREMENT a successful read moves on.
 CEOID CeReadRecordPropsEx(HANDLE database, DWORD flags, LPWORD propertyCount, CEPROPID* propertyIds, LPBYTE* buffer,
                           LPDWORD bufferSize, HANDLE heap);
