@@ -1,40 +1,65 @@
 #include "shell/application.h"
 
+#include <commctrl.h>
+
+#include <cwchar>
+
+#include "platform/window.h"
+#include "settings/settings.h"
+#include "shell/about_box.h"
 #include "shell/app_state.h"
+#include "shell/main_window.h"
+#include "support/wide_string.h"
 
 namespace {
 
-const wchar_t kClassName[] = L"QL_OPTIONS";
-const wchar_t kTitle[] = L"QL Options";
+void InitCommonControlsForProgram() {
+    INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_BAR_CLASSES};
+    InitCommonControlsEx(&controls);
+}
 
-LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_DESTROY) {
-        PostQuitMessage(0);
-        return 0;
+// Shortens the main window by the menu bar's height, as the device does after creating the bar.
+void FitAroundMenuBar(HWND window) {
+    if (!g_app.menuBar) return;
+    RECT frame = {}, bar = {};
+    GetWindowRect(window, &frame);
+    GetWindowRect(g_app.menuBar, &bar);
+    int height = (frame.bottom - frame.top) - (bar.bottom - bar.top);
+    MoveWindow(window, frame.left, frame.top, frame.right - frame.left, height, FALSE);
+}
+
+int RunMessageLoop(HINSTANCE instance) {
+    HACCEL accelerators = LoadAcceleratorsW(instance, L"QL_OPTIONS");
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (!TranslateAcceleratorW(message.hwnd, accelerators, &message)) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
     }
-    return DefWindowProcW(window, message, wParam, lParam);
+    return static_cast<int>(message.wParam);
 }
 
 }  // namespace
 
 int RunApplication(HINSTANCE instance, const wchar_t* commandLine, int showCommand) {
+    g_app.startMode = (commandLine && wcscmp(commandLine, L"About") == 0) ? 1 : 0;
     g_app.instance = instance;
-    WNDCLASSW windowClass = {};
-    windowClass.style = CS_HREDRAW | CS_VREDRAW;
-    windowClass.lpfnWndProc = MainWindowProc;
-    windowClass.hInstance = instance;
-    windowClass.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
-    windowClass.lpszClassName = kClassName;
-    RegisterClassW(&windowClass);
-    HWND window = CreateWindowExW(0, kClassName, kTitle, WS_OVERLAPPEDWINDOW | WS_VISIBLE, CW_USEDEFAULT,
-                                  CW_USEDEFAULT, 260, 340, nullptr, nullptr, instance, nullptr);
+    g_app.sharedEmptyString = SharedEmptyText();
+
+    HWND running = FindWindowW(kMainWindowClass, kMainWindowTitle);
+    if (running) {
+        SetForegroundWindowWithPopups(reinterpret_cast<HWND>(reinterpret_cast<UINT_PTR>(running) | 1));
+        return 0;
+    }
+
+    InitCommonControlsForProgram();
+    RegisterMainWindowClass(instance);
+    HWND window = CreateMainWindow(instance);
     if (!window) return 0;
+    FitAroundMenuBar(window);
+    if (g_app.startMode == 1) ShowAboutBox(window);
     ShowWindow(window, showCommand);
     UpdateWindow(window);
-    MSG message;
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
-    return static_cast<int>(message.wParam);
+    return RunMessageLoop(instance);
 }

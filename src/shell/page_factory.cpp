@@ -1,0 +1,28 @@
+#include "shell/page_factory.h"
+
+#include "shell/app_state.h"
+#include "shell/settings_page.h"
+
+namespace {
+
+struct PageEntry {
+    const wchar_t* className;
+    SettingsPage* (*create)();
+};
+
+// The pages in page-list order; a null creator is a page this build does not have yet.
+const PageEntry kPages[kPageCount] = {
+    {L"GeneralSettingsWin", nullptr},  {L"CalendarSettingsWin", nullptr}, {L"TasksSettingsWin", nullptr},
+    {L"NotesSettingsWin", nullptr},    {L"ContactSettingsWin", nullptr},  {L"MessagesSettingsWin", nullptr},
+    {L"SEventsSettingsWin", nullptr},  {L"FontSettingsWin", nullptr},     {L"ColorSettingsWin", nullptr},
+    {L"PIMSettingsWin", nullptr},      {L"TabsSettingsWin", nullptr},     {L"CategorySettingsWin", nullptr},
+};
+
+}  // namespace
+
+SettingsPage* CreatePage(HWND mainWindow, int index) {
+    if (index < 0 || index >= kPageCount || !kPages[index].create) return nullptr;
+    SettingsPage* page = kPages[index].create();
+    CreatePageWindow(page, mainWindow, kPages[index].className, g_app.instance, g_app.normalFont, g_app.boldFont);
+    return page;
+}

@@ -1,0 +1,10 @@
+#pragma once
+#include <windows.h>
+
+class SettingsPage;
+
+const int kPageCount = 12;
+
+// Creates page `index` (0..11 in page-list order) and its window over `mainWindow`. Returns null for
+// an index of 12 or more, and for a page this build does not have.
+SettingsPage* CreatePage(HWND mainWindow, int index);
