@@ -1,0 +1,29 @@
+#include "shell/item_icons.h"
+
+#include "shell/app_state.h"
+#include "shell/display_scale.h"
+
+namespace {
+
+// The strip of item icons in the display library: square images of 16 design units side by side,
+// on a mask colour.
+const UINT kItemIconsBitmapId = 130;
+const COLORREF kItemIconsMask = 0x00FF00FF;
+
+HIMAGELIST g_itemIcons = nullptr;
+
+}  // namespace
+
+void LoadItemIcons() {
+    FreeItemIcons();
+    if (!g_app.displayLibrary) return;
+    g_itemIcons = ImageList_LoadImageW(g_app.displayLibrary, MAKEINTRESOURCEW(kItemIconsBitmapId), ScaleForDisplay(16),
+                                       0, kItemIconsMask, IMAGE_BITMAP, LR_CREATEDIBSECTION);
+}
+
+void FreeItemIcons() {
+    if (g_itemIcons) ImageList_Destroy(g_itemIcons);
+    g_itemIcons = nullptr;
+}
+
+HIMAGELIST ItemIcons() { return g_itemIcons; }
