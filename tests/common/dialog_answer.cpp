@@ -33,7 +33,8 @@ BOOL CALLBACK CollectText(HWND child, LPARAM parameter) {
 
 }  // namespace
 
-DialogAnswerer::DialogAnswerer(int command, DWORD timeoutMs) : command_(command), timeoutMs_(timeoutMs) {
+DialogAnswerer::DialogAnswerer(int command, DWORD timeoutMs, DWORD processId)
+    : command_(command), timeoutMs_(timeoutMs), processId_(processId) {
     thread_ = CreateThread(nullptr, 0, Watch, this, 0, nullptr);
 }
 
@@ -52,7 +53,7 @@ DWORD WINAPI DialogAnswerer::Watch(void* self) {
     auto* answerer = static_cast<DialogAnswerer*>(self);
     DWORD start = GetTickCount();
     while (GetTickCount() - start < answerer->timeoutMs_) {
-        Search search = {GetCurrentProcessId(), nullptr};
+        Search search = {answerer->processId_, nullptr};
         EnumWindows(FindDialog, reinterpret_cast<LPARAM>(&search));
         if (search.found) {
             wchar_t caption[256] = {};

@@ -1,6 +1,6 @@
 #pragma once
-// Answers the next message box (or any "#32770" dialog) this process shows, from a watcher
-// thread, and remembers its text and caption.
+// Answers the next message box (or any "#32770" dialog) a process shows (this one unless told
+// otherwise), from a watcher thread, and remembers its text and caption.
 #include <windows.h>
 
 #include <string>
@@ -8,7 +8,7 @@
 class DialogAnswerer {
 public:
     // `command` is the button to press: IDYES, IDNO, IDOK, IDCANCEL...
-    explicit DialogAnswerer(int command, DWORD timeoutMs = 10000);
+    explicit DialogAnswerer(int command, DWORD timeoutMs = 10000, DWORD processId = GetCurrentProcessId());
     ~DialogAnswerer();
     DialogAnswerer(const DialogAnswerer&) = delete;
     DialogAnswerer& operator=(const DialogAnswerer&) = delete;
@@ -22,6 +22,7 @@ private:
     static DWORD WINAPI Watch(void* self);
     int command_;
     DWORD timeoutMs_;
+    DWORD processId_;
     HANDLE thread_ = nullptr;
     bool answered_ = false;
     std::wstring caption_;

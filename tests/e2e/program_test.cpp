@@ -1,0 +1,182 @@
+// The real program started as its own process: single instance, the "About" start, Done's
+// broadcast and Cancel's yes/no.
+#include <set>
+#include <string>
+
+#include "common/dialog_answer.h"
+#include "common/test_support.h"
+
+namespace {
+
+const wchar_t kProgram[] = L"C:\\Program Files\\Orvane\\Quillory\\ql_options.exe";
+const wchar_t kProduct[] = L"Software\\Orvane\\Quillory";
+
+class Program {
+public:
+    explicit Program(const wchar_t* arguments = nullptr) {
+        std::wstring commandLine = std::wstring(L"\"") + kProgram + L"\"";
+        if (arguments) commandLine += std::wstring(L" ") + arguments;
+        STARTUPINFOW startup = {sizeof startup};
+        started_ = CreateProcessW(kProgram, &commandLine[0], nullptr, nullptr, FALSE, 0, nullptr, L"C:\\", &startup,
+                                  &process_) != 0;
+    }
+    ~Program() {
+        if (!started_) return;
+        if (WaitForSingleObject(process_.hProcess, 0) == WAIT_TIMEOUT) TerminateProcess(process_.hProcess, 1);
+        CloseHandle(process_.hProcess);
+        CloseHandle(process_.hThread);
+    }
+    bool started() const { return started_; }
+    DWORD id() const { return process_.dwProcessId; }
+    // Exit code once the process ended within `ms`, or -1.
+    long WaitExit(DWORD ms) {
+        if (WaitForSingleObject(process_.hProcess, ms) != WAIT_OBJECT_0) return -1;
+        DWORD code = 0;
+        GetExitCodeProcess(process_.hProcess, &code);
+        return static_cast<long>(code);
+    }
+
+private:
+    bool started_ = false;
+    PROCESS_INFORMATION process_ = {};
+};
+
+// Polls for a top-level window of `className` (any class when null) titled `title`.
+HWND WaitForWindow(const wchar_t* className, const wchar_t* title, DWORD ms = 20000) {
+    DWORD start = GetTickCount();
+    do {
+        HWND window = FindWindowW(className, title);
+        if (window) return window;
+        Sleep(50);
+    } while (GetTickCount() - start < ms);
+    return nullptr;
+}
+
+bool WaitUntilVisible(HWND window, DWORD ms = 10000) {
+    DWORD start = GetTickCount();
+    while (!IsWindowVisible(window)) {
+        if (GetTickCount() - start > ms) return false;
+        Sleep(50);
+    }
+    return true;
+}
+
+int CountMainWindows() {
+    int count = 0;
+    HWND window = nullptr;
+    while ((window = FindWindowExW(nullptr, window, L"QL_OPTIONS", nullptr)) != nullptr) ++count;
+    return count;
+}
+
+bool ProductKeyHasValues() {
+    HKEY key;
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, kProduct, 0, KEY_READ, &key) != ERROR_SUCCESS) return false;
+    DWORD values = 0, subKeys = 0;
+    RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &subKeys, nullptr, nullptr, &values, nullptr, nullptr, nullptr,
+                     nullptr);
+    RegCloseKey(key);
+    return values != 0;
+}
+
+class ProgramTest : public ::testing::Test {
+protected:
+    void SetUp() override { RegRemoveTree(HKEY_CURRENT_USER, kProduct); }
+    void TearDown() override { RegRemoveTree(HKEY_CURRENT_USER, kProduct); }
+};
+
+// Ends a running copy the way a user would: Cancel, then Yes.
+void CancelAndConfirm(Program& program, HWND main) {
+    DialogAnswerer answer(IDYES, 15000, program.id());
+    PostMessageW(main, WM_COMMAND, 2, 0);
+    EXPECT_TRUE(answer.Wait());
+    EXPECT_EQ(program.WaitExit(15000), 0);
+}
+
+TEST_F(ProgramTest, SecondStartBringsTheFirstForwardAndCancelYesWritesNothing) {
+    Program first;
+    ASSERT_TRUE(first.started());
+    HWND main = WaitForWindow(L"QL_OPTIONS", L"QL Options");
+    ASSERT_NE(main, nullptr);
+    ASSERT_TRUE(WaitUntilVisible(main));
+
+    Program second;
+    ASSERT_TRUE(second.started());
+    EXPECT_EQ(second.WaitExit(20000), 0) << "the second copy ends at once with 0";
+    EXPECT_EQ(CountMainWindows(), 1);
+
+    CancelAndConfirm(first, main);
+    EXPECT_FALSE(ProductKeyHasValues()) << "Cancel and Yes write nothing";
+}
+
+TEST_F(ProgramTest, AboutOnTheCommandLineShowsTheAboutBoxBeforeTheMainWindow) {
+    Program program(L"About");
+    ASSERT_TRUE(program.started());
+    HWND about = WaitForWindow(nullptr, L"About Quillory");
+    ASSERT_NE(about, nullptr);
+    HWND main = FindWindowW(L"QL_OPTIONS", L"QL Options");
+    ASSERT_NE(main, nullptr) << "the main window exists";
+    EXPECT_FALSE(IsWindowVisible(main)) << "but is not shown while the About box is up";
+
+    PostMessageW(about, WM_COMMAND, IDOK, 0);
+    EXPECT_TRUE(WaitUntilVisible(main));
+    CancelAndConfirm(program, main);
+}
+
+TEST_F(ProgramTest, OnlyTheExactWordAboutOpensTheAboutBox) {
+    for (const wchar_t* arguments : {L"about", L"About "}) {
+        SCOPED_TRACE(arguments);
+        Program program(arguments);
+        ASSERT_TRUE(program.started());
+        HWND main = WaitForWindow(L"QL_OPTIONS", L"QL Options");
+        ASSERT_NE(main, nullptr);
+        EXPECT_TRUE(WaitUntilVisible(main));
+        EXPECT_EQ(FindWindowW(nullptr, L"About Quillory"), nullptr);
+        CancelAndConfirm(program, main);
+    }
+}
+
+// A hidden top-level window of the test, listening for the program's broadcast.
+UINT g_changedMessage = 0;
+int g_received = 0;
+WPARAM g_wParam = 1;
+LPARAM g_lParam = 1;
+
+LRESULT CALLBACK ListenerProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == g_changedMessage && message != 0) {
+        ++g_received;
+        g_wParam = wParam;
+        g_lParam = lParam;
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+TEST_F(ProgramTest, DonePostsTheChangeMessageToAllWindowsAndExits) {
+    g_changedMessage = RegisterWindowMessageW(L"OrvaneQuillorySettingsChanged");
+    WNDCLASSW wc = {};
+    wc.lpfnWndProc = ListenerProc;
+    wc.hInstance = GetModuleHandleW(nullptr);
+    wc.lpszClassName = L"ChangeListener";
+    RegisterClassW(&wc);
+    HWND listener = CreateWindowExW(0, L"ChangeListener", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, wc.hInstance,
+                                    nullptr);
+
+    Program program;
+    HWND main = WaitForWindow(L"QL_OPTIONS", L"QL Options");
+    ASSERT_NE(main, nullptr);
+    ASSERT_TRUE(WaitUntilVisible(main));
+    PostMessageW(main, WM_COMMAND, 1, 0);
+    EXPECT_EQ(program.WaitExit(15000), 0);
+
+    DWORD start = GetTickCount();
+    while (g_received == 0 && GetTickCount() - start < 5000) {
+        PumpMessages();
+        Sleep(20);
+    }
+    EXPECT_EQ(g_received, 1);
+    EXPECT_EQ(g_wParam, 0u);
+    EXPECT_EQ(g_lParam, 0);
+    EXPECT_FALSE(ProductKeyHasValues()) << "nothing was changed, so nothing is written";
+    DestroyWindow(listener);
+}
+
+}  // namespace
