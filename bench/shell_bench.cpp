@@ -1,0 +1,55 @@
+// From entry to the idle page grid, beside a minimal window created and shown the same way.
+#include <windows.h>
+#include <commctrl.h>
+
+#include "bench_harness.h"
+#include "shell/app_state.h"
+#include "shell/main_window.h"
+
+namespace {
+
+void PumpUntilIdle() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+void StartAndStopProgram() {
+    HWND main = CreateMainWindow(g_app.instance);
+    ShowWindow(main, SW_SHOW);
+    UpdateWindow(main);
+    PumpUntilIdle();
+    DestroyWindow(main);
+    PumpUntilIdle();
+}
+
+void ShowMinimalWindow() {
+    HWND window = CreateWindowExW(0, L"BenchMinimal", L"QL Options", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT,
+                                  260, 340, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    ShowWindow(window, SW_SHOW);
+    UpdateWindow(window);
+    PumpUntilIdle();
+    DestroyWindow(window);
+    PumpUntilIdle();
+}
+
+BenchRegistration g_startUp({
+    "start-up to idle page grid", "minimal window created and shown",
+    [] {
+        INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_BAR_CLASSES};
+        InitCommonControlsEx(&controls);
+        g_app.instance = GetModuleHandleW(nullptr);
+        RegisterMainWindowClass(g_app.instance);
+        WNDCLASSW minimal = {};
+        minimal.lpfnWndProc = DefWindowProcW;
+        minimal.hInstance = g_app.instance;
+        minimal.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+        minimal.lpszClassName = L"BenchMinimal";
+        RegisterClassW(&minimal);
+    },
+    StartAndStopProgram, ShowMinimalWindow, nullptr, 10});
+
+}  // namespace
