@@ -4,7 +4,7 @@
 
 #include <cwchar>
 
-#include "platform/window.h"
+#include "platform/device_window.h"
 #include "settings/settings.h"
 #include "shell/about_box.h"
 #include "shell/app_state.h"
@@ -49,7 +49,7 @@ int RunApplication(HINSTANCE instance, const wchar_t* commandLine, int showComma
 
     HWND running = FindWindowW(kMainWindowClass, kMainWindowTitle);
     if (running) {
-        SetForegroundWindowWithPopups(reinterpret_cast<HWND>(reinterpret_cast<UINT_PTR>(running) | 1));
+        DeviceSetForegroundWindow(reinterpret_cast<HWND>(reinterpret_cast<UINT_PTR>(running) | 1));
         return 0;
     }
 

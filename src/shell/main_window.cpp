@@ -6,7 +6,7 @@
 #include "files/filters.h"
 #include "settings/key_table.h"
 #include "settings/registry_values.h"
-#include "platform/window.h"
+#include "platform/device_window.h"
 #include "settings/settings.h"
 #include "shell/about_box.h"
 #include "shell/app_state.h"

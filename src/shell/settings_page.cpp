@@ -4,7 +4,7 @@
 
 #include <cstdlib>
 
-#include "platform/window.h"
+#include "platform/device_window.h"
 #include "shell/app_state.h"
 #include "shell/display_scale.h"
 
