@@ -1,5 +1,6 @@
 #include "shell/item_icons.h"
 
+#include "display/display_ids.h"
 #include "shell/app_state.h"
 #include "shell/display_scale.h"
 
@@ -7,8 +8,8 @@ namespace {
 
 // The strip of item icons in the display library: square images of 16 design units side by side,
 // on a mask colour.
-const UINT kItemIconsBitmapId = 130;
-const COLORREF kItemIconsMask = 0x00FF00FF;
+const UINT kItemIconsBitmapId = IDB_ITEM_ICONS;
+const COLORREF kItemIconsMask = QL_ITEM_ICON_MASK;
 
 HIMAGELIST g_itemIcons = nullptr;
 
