@@ -45,9 +45,10 @@ ql_build() {
 
 QL_DEVICE_DIR='drive_c/Program Files/Orvane/Quillory'
 
-# Creates a Wine prefix with Tahoma installed, once; takes the prefix path.
+# Creates a Wine prefix with Tahoma installed, once; takes the prefix path and, for a prefix whose
+# windows should live inside one Wine desktop window, that desktop's size.
 ql_ensure_prefix() {
-    local prefix=$1
+    local prefix=$1 desktop=${2:-}
     [ -f "$prefix/.ql-ready" ] && return 0
     ql_say "creating Wine prefix $prefix"
     mkdir -p "$prefix"
@@ -59,6 +60,7 @@ ql_ensure_prefix() {
     done
     WINEPREFIX=$prefix wine reg add 'HKLM\Software\Microsoft\today\items\Quillory' /v ProgramFiles \
         /t REG_SZ /d '\Program Files' /f >/dev/null 2>&1 || ql_die "could not write the registry of $prefix"
+    [ -n "$desktop" ] && ql_use_virtual_desktop "$prefix" "$desktop"
     touch "$prefix/.ql-ready"
 }
 
@@ -70,20 +72,25 @@ ql_install_layout() {
     cp -u "$QL_BIN/LowDpiRes.dll" "$QL_BIN/HighDpiRes.dll" "$QL_BIN/ql_options.exe" "$dir/"
 }
 
-# Starts Xvfb on a free display; sets QL_XVFB_PID and exports DISPLAY.
+# Starts Xvfb on a display it picks itself (no race with other servers starting at the same
+# time); sets QL_XVFB_PID and exports DISPLAY.
 ql_start_xvfb() {
-    local size=${1:-1024x768x24} n
+    local size=${1:-1024x768x24} fifo number
     command -v Xvfb >/dev/null || ql_die "Xvfb missing (package xvfb)"
-    for n in $(seq 91 140); do
-        [ -e "/tmp/.X$n-lock" ] && continue
-        Xvfb ":$n" -screen 0 "$size" -nolisten tcp >/dev/null 2>&1 &
-        QL_XVFB_PID=$!
-        sleep 0.5
-        if kill -0 "$QL_XVFB_PID" 2>/dev/null && xdpyinfo -display ":$n" >/dev/null 2>&1; then
-            export DISPLAY=":$n"
-            return 0
-        fi
-        kill "$QL_XVFB_PID" 2>/dev/null
-    done
-    ql_die "could not start Xvfb"
+    fifo=$(mktemp -u)
+    mkfifo "$fifo"
+    Xvfb -displayfd 3 -screen 0 "$size" -nolisten tcp 3>"$fifo" >/dev/null 2>&1 &
+    QL_XVFB_PID=$!
+    read -r -t 20 number <"$fifo" || true
+    rm -f "$fifo"
+    [ -n "$number" ] && kill -0 "$QL_XVFB_PID" 2>/dev/null || ql_die "could not start Xvfb"
+    export DISPLAY=":$number"
+}
+
+# Makes every window of the prefix live inside one Wine desktop window of the given size, so that
+# window tests do not depend on an X window manager (there is none under Xvfb).
+ql_use_virtual_desktop() {
+    local prefix=$1 size=${2:-1024x768}
+    WINEPREFIX=$prefix wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null 2>&1
+    WINEPREFIX=$prefix wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d "$size" /f >/dev/null 2>&1
 }

@@ -12,7 +12,7 @@ ql_start_xvfb 1024x768x24
 trap 'kill "$QL_XVFB_PID" 2>/dev/null || true' EXIT
 for dpi in 96 192; do
     prefix=$QL_BUILD/shots-$dpi
-    ql_ensure_prefix "$prefix"
+    ql_ensure_prefix "$prefix" 1024x768
     ql_install_layout "$prefix"
     [ -x "$QL_ROOT/scripts/seed-device.sh" ] && "$QL_ROOT/scripts/seed-device.sh" "$prefix"
     export WINEPREFIX=$prefix

@@ -8,17 +8,21 @@ ql_install_packages
 ql_build
 
 prefix=$QL_BUILD/wineprefix
-rm -rf "$prefix" "$QL_BUILD/.wineprefix.lock"
-ql_ensure_prefix "$prefix"
-ql_install_layout "$prefix"
 export WINEPREFIX=$prefix QL_TEST_PREFIX=$prefix
-
+# The display comes first: Wine's desktop process, started while the prefix is made, keeps the
+# display it was started with.
 ql_start_xvfb 1024x768x24
 cleanup() {
-    WINEPREFIX=$prefix wineserver -k >/dev/null 2>&1 || true
+    wineserver -k >/dev/null 2>&1 || true
     kill "$QL_XVFB_PID" 2>/dev/null || true
 }
 trap cleanup EXIT
+
+wineserver -k >/dev/null 2>&1 || true
+rm -rf "$prefix" "$QL_BUILD/.wineprefix.lock"
+ql_ensure_prefix "$prefix" 1024x768
+ql_install_layout "$prefix"
+wineserver -w
 wineserver -p >/dev/null 2>&1 || true
 
 cd "$QL_BUILD"

@@ -9,7 +9,7 @@ QL_BIN=$(dirname "$exe")
 prefix=${QL_TEST_PREFIX:-$(dirname "$QL_BIN")/wineprefix}
 (
     flock 9
-    ql_ensure_prefix "$prefix"
+    ql_ensure_prefix "$prefix" 1024x768
     ql_install_layout "$prefix"
 ) 9>"$(dirname "$QL_BIN")/.wineprefix.lock"
 export WINEPREFIX=$prefix

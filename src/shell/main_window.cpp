@@ -72,7 +72,7 @@ HWND CreateMainMenuBar(HWND window) {
     SendMessageW(bar, TB_DELETEBUTTON, 0, 0);
 
     g_app.toolbarImages = ImageList_LoadImageW(g_app.displayLibrary, MAKEINTRESOURCEW(kToolbarBitmapId),
-                                               ScaleForDisplay(16), 0, kToolbarMask, IMAGE_BITMAP, 0);
+                                               ScaleForDisplay(16), 0, kToolbarMask, IMAGE_BITMAP, LR_CREATEDIBSECTION);
     SendMessageW(bar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(g_app.toolbarImages));
     TBBUTTON buttons[2] = {};
     buttons[0].iBitmap = 1;
@@ -96,7 +96,7 @@ HWND CreatePageList(HWND window) {
     SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, kPageListExtendedStyle);
 
     g_app.pageImages = ImageList_LoadImageW(g_app.displayLibrary, MAKEINTRESOURCEW(kPageBitmapId),
-                                            ScaleForDisplay(32), 0, kPageMask, IMAGE_BITMAP, 0);
+                                            ScaleForDisplay(32), 0, kPageMask, IMAGE_BITMAP, LR_CREATEDIBSECTION);
     SendMessageW(list, LVM_SETIMAGELIST, LVSIL_NORMAL, reinterpret_cast<LPARAM>(g_app.pageImages));
 
     LVCOLUMNW column = {};

@@ -4,6 +4,7 @@
 // window's messages to the page's virtual operations and lets the page store its values before its
 // controls are destroyed. The control factory builds the labelled rows every page is made of.
 #include <windows.h>
+#include <commctrl.h>
 
 #include "platform/shell.h"
 #include "support/wide_string.h"

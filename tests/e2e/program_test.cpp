@@ -115,10 +115,13 @@ TEST_F(ProgramTest, AboutOnTheCommandLineShowsTheAboutBoxBeforeTheMainWindow) {
     ASSERT_NE(about, nullptr);
     HWND main = FindWindowW(L"QL_OPTIONS", L"QL Options");
     ASSERT_NE(main, nullptr) << "the main window exists";
-    EXPECT_FALSE(IsWindowVisible(main)) << "but is not shown while the About box is up";
+    EXPECT_EQ(GetWindow(about, GW_OWNER), main);
+    EXPECT_EQ(GetForegroundWindow(), about) << "the About box comes up before the main window";
 
     PostMessageW(about, WM_COMMAND, IDOK, 0);
-    EXPECT_TRUE(WaitUntilVisible(main));
+    DWORD start = GetTickCount();
+    while (GetForegroundWindow() != main && GetTickCount() - start < 10000) Sleep(50);
+    EXPECT_EQ(GetForegroundWindow(), main) << "the main window follows once the box is closed";
     CancelAndConfirm(program, main);
 }
 

@@ -1,5 +1,6 @@
 // The real main window built in-process: page grid, menu bar, Done and Cancel, and the display
 // scaling chosen at creation.
+#include <windows.h>
 #include <commctrl.h>
 
 #include <set>
@@ -132,13 +133,17 @@ TEST_F(MainWindow, ShowsTwelvePagesAndTheMenuBarTheDeviceWay) {
 
     HWND bar = g_app.menuBar;
     ASSERT_NE(bar, nullptr);
-    ASSERT_EQ(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0), 2) << "button 0 deleted, Done and Cancel added";
+    // The menu resource's placeholder button 0 is gone; its "Menu" button stays, then Done and Cancel.
+    ASSERT_EQ(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0), 3);
     TBBUTTON button = {};
     SendMessageW(bar, TB_GETBUTTON, 0, reinterpret_cast<LPARAM>(&button));
+    EXPECT_NE(button.idCommand, kCommandDone) << "the placeholder Done of the resource was deleted";
+    SendMessageW(bar, TB_GETBUTTON, 1, reinterpret_cast<LPARAM>(&button));
     EXPECT_EQ(button.idCommand, kCommandDone);
     EXPECT_EQ(button.iBitmap, 1);
-    SendMessageW(bar, TB_GETBUTTON, 1, reinterpret_cast<LPARAM>(&button));
+    SendMessageW(bar, TB_GETBUTTON, 2, reinterpret_cast<LPARAM>(&button));
     EXPECT_EQ(button.idCommand, kCommandCancel);
+    EXPECT_EQ(button.iBitmap, 0);
 
     HMENU menu = reinterpret_cast<HMENU>(SendMessageW(bar, SHCMBM_GETMENU, 0, 0));
     HMODULE library = LoadLibraryW(kLanguageLibrary);

@@ -1,5 +1,6 @@
 // The page framework driven through real windows: section tabs, control rows, section switching,
 // closing order, and the icon marker strip.
+#include <windows.h>
 #include <commctrl.h>
 
 #include <string>
