@@ -187,14 +187,6 @@ TEST(DeviceWindow, PageCoversItsOwnersClientAreaAndFollowsIt) {
     EXPECT_FALSE(IsWindow(small));
 }
 
-TEST(DeviceWindow, PlainWindowsGetNoExtraMove) {
-    HWND plain = CreateRecordingWindow();
-    int moves = ReceivedBy(plain).moves;
-    SetWindowPos(plain, nullptr, 0, 0, 333, 222, SWP_NOMOVE | SWP_NOZORDER);
-    EXPECT_EQ(ReceivedBy(plain).moves, moves) << "the desktop sends none for a resize";
-    DestroyWindow(plain);
-}
-
 // ---- dialogs from templates ----
 
 std::vector<BYTE> PlainTemplate(DWORD style, DWORD exStyle) {
