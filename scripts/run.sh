@@ -26,7 +26,7 @@ if [ $headless -eq 0 ]; then
 fi
 
 # Headless: Wine's own desktop window frames the program so the title bar is drawn.
-wine explorer /desktop=QLOptions,320x420 "$program" "$@" >/dev/null 2>&1 &
+wine explorer /desktop=QLOptions,480x600 "$program" "$@" >/dev/null 2>&1 &
 shot=$QL_BUILD/run/ql_options.png
 mkdir -p "$(dirname "$shot")"
 found=

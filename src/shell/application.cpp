@@ -58,6 +58,9 @@ int RunApplication(HINSTANCE instance, const wchar_t* commandLine, int showComma
     HWND window = CreateMainWindow(instance);
     if (!window) return 0;
     FitAroundMenuBar(window);
+    // The desktop has no full screen to fill: give the window the device's screen, now that the
+    // screen's pixels per inch are known.
+    SizeAsDevice(window);
     if (g_app.startMode == 1) ShowAboutBox(window);
     ShowWindow(window, showCommand);
     UpdateWindow(window);
