@@ -8,6 +8,7 @@
 
 #include "shell/app_state.h"
 #include "shell/display_scale.h"
+#include "string_ids.h"
 
 namespace {
 
@@ -91,15 +92,13 @@ void LoadBrowserTexts(HMODULE languageLibrary, BrowserRequest* request) {
         WString BrowserRequest::*text;
     };
     static const TextId kTexts[] = {
-        {kBrowserFileNameLabelId, &BrowserRequest::fileNameLabel},
-        {kBrowserExtensionLabelId, &BrowserRequest::extensionLabel},
-        {kBrowserEmptyNameMessageId, &BrowserRequest::emptyNameMessage},
-        {kBrowserErrorCaptionId, &BrowserRequest::errorCaption},
-        {kBrowserIllegalNameMessageId, &BrowserRequest::illegalNameMessage},
-        {kBrowserExtraTextId, &BrowserRequest::extraText},
+        {IDS_BROWSER_FILE_NAME_LABEL, &BrowserRequest::fileNameLabel},
+        {IDS_BROWSER_EXTENSION_LABEL, &BrowserRequest::extensionLabel},
+        {IDS_BROWSER_EMPTY_NAME, &BrowserRequest::emptyNameMessage},
+        {IDS_BROWSER_ILLEGAL_NAME, &BrowserRequest::illegalNameMessage},
+        {IDS_BROWSER_ERROR_CAPTION, &BrowserRequest::errorCaption},
     };
     for (const TextId& entry : kTexts) (request->*entry.text).load(languageLibrary, entry.id);
-    if (request->errorCaption.empty()) request->errorCaption.load(languageLibrary, kBrowserIllegalNameCaptionId);
 }
 
 bool RunFileBrowser(BrowserRequest* request) {
@@ -139,6 +138,13 @@ INT_PTR FileBrowserDialog::DialogProc(HWND window, UINT message, WPARAM wParam, 
     case WM_LBUTTONDOWN:
         OnLButtonDown(static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam)));
         return 1;
+    case WM_CTLCOLORSTATIC:
+        // Labels stand on the dialog's white background; read-only fields keep their own.
+        if (reinterpret_cast<HWND>(lParam) == nameLabel_ || reinterpret_cast<HWND>(lParam) == extensionLabel_) {
+            SetBkColor(reinterpret_cast<HDC>(wParam), RGB(255, 255, 255));
+            return reinterpret_cast<INT_PTR>(GetStockObject(WHITE_BRUSH));
+        }
+        break;
     case WM_DESTROY:
         if (menuBar_ && IsWindow(menuBar_)) DestroyWindow(menuBar_);
         menuBar_ = nullptr;
@@ -233,7 +239,8 @@ void FileBrowserDialog::Layout(HWND window, int width, int height) {
         ListView_SetColumnWidth(list_, 0, listClient.right);
         SetFocus(list_);
     }
-    InvalidateRect(window, nullptr, TRUE);
+    // The dialog does not clip its children: they are repainted after its white background.
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 BOOL FileBrowserDialog::OnInitDialog(HWND window) {
@@ -314,8 +321,13 @@ HWND FileBrowserDialog::AddLabeledField(HWND window, const WString& label, const
 int FileBrowserDialog::AddSmallIcon(const wchar_t* name) {
     WString path(currentFolder_);
     path.append(name);
+    // A folder given from the root of the current drive (\My Documents\) is made absolute
+    // for the shell, which does not resolve it.
+    wchar_t fullPath[MAX_PATH];
+    DWORD length = GetFullPathNameW(path.c_str(), MAX_PATH, fullPath, nullptr);
+    const wchar_t* shellPath = length > 0 && length < MAX_PATH ? fullPath : path.c_str();
     SHFILEINFOW info = {};
-    if (!SHGetFileInfoW(path.c_str(), 0, &info, sizeof info, SHGFI_ICON | SHGFI_SMALLICON) || !info.hIcon) return -1;
+    if (!SHGetFileInfoW(shellPath, 0, &info, sizeof info, SHGFI_ICON | SHGFI_SMALLICON) || !info.hIcon) return -1;
     int image = ImageList_AddIcon(smallIcons_, info.hIcon);
     DestroyIcon(info.hIcon);
     return image;

@@ -33,21 +33,12 @@ struct BrowserRequest {
     WString emptyNameMessage;
     WString illegalNameMessage;
     WString errorCaption;
-    WString extraText;
 
     WString result;  // on OK: the chosen file path, or the folder with its trailing backslash
 };
 
-// Language-library string ids of the request's texts.
-const UINT kBrowserFileNameLabelId = 41228;
-const UINT kBrowserExtensionLabelId = 41229;
-const UINT kBrowserEmptyNameMessageId = 41230;
-const UINT kBrowserErrorCaptionId = 41231;
-const UINT kBrowserIllegalNameMessageId = 41232;
-const UINT kBrowserIllegalNameCaptionId = 41233;  // the same caption, beside its message
-const UINT kBrowserExtraTextId = 40819;
-
-// Fills the request's texts from `languageLibrary` (missing ids stay empty, so English is used).
+// Fills the request's label and message texts from `languageLibrary` (an id it lacks leaves its
+// text empty, so the English default is used).
 void LoadBrowserTexts(HMODULE languageLibrary, BrowserRequest* request);
 
 // Runs the browser the request names; true when the user confirmed, with request->result set.
