@@ -10,7 +10,7 @@ out=$QL_ROOT/docs/screenshots
 mkdir -p "$out"
 ql_start_xvfb 1024x768x24
 trap 'kill "$QL_XVFB_PID" 2>/dev/null || true' EXIT
-for dpi in 96 192; do
+for dpi in ${QL_SHOT_DPIS:-96 192}; do
     prefix=$QL_BUILD/shots-$dpi
     ql_ensure_prefix "$prefix" 1024x768
     ql_install_layout "$prefix"

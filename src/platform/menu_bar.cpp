@@ -295,7 +295,9 @@ BOOL SHCreateMenuBar(SHMENUBARINFO* info) {
     // Button clicks come to the bar, which forwards commands to the parent.
     SendMessageW(window, TB_SETPARENT, reinterpret_cast<WPARAM>(window), 0);
     SendMessageW(window, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
-    if (info->dwFlags & SHCMBF_COLORBK) SetBackground(bar, info->clrBk);
+    // A pop-up toolbar has no parent to paint behind its buttons: without a colour of its own it
+    // takes the colour of buttons.
+    SetBackground(bar, (info->dwFlags & SHCMBF_COLORBK) ? info->clrBk : GetSysColor(COLOR_BTNFACE));
     LoadButtonImages(bar, instance, info->nBmpId, info->cBmpImages);
     if (menu && !AddMenuButtons(bar)) {
         DestroyWindow(window);

@@ -133,6 +133,13 @@ TEST_F(MainWindow, ShowsTwelvePagesAndTheMenuBarTheDeviceWay) {
 
     HWND bar = g_app.menuBar;
     ASSERT_NE(bar, nullptr);
+    EXPECT_TRUE(IsWindowVisible(bar));
+    RECT barRect, frame;
+    GetWindowRect(bar, &barRect);
+    GetWindowRect(window_, &frame);
+    EXPECT_GT(barRect.bottom - barRect.top, 0);
+    EXPECT_GE(barRect.top, frame.top);
+    EXPECT_LE(barRect.bottom, frame.bottom) << "the bar lies inside the main window";
     // The menu resource's placeholder button 0 is gone; its "Menu" button stays, then Done and Cancel.
     ASSERT_EQ(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0), 3);
     TBBUTTON button = {};
