@@ -7,17 +7,19 @@ source "$(dirname "$0")/common.sh"
 ql_install_packages
 ql_build
 
-prefix=${QL_RUN_PREFIX:-${XDG_DATA_HOME:-$HOME/.local/share}/ql-options/wineprefix}
-ql_ensure_prefix "$prefix"
-ql_install_layout "$prefix"
-[ -x "$QL_ROOT/scripts/seed-device.sh" ] && "$QL_ROOT/scripts/seed-device.sh" "$prefix"
-export WINEPREFIX=$prefix
-
+# The display comes first: Wine's processes keep the display they were started with.
 headless=0
 if [ -z "${DISPLAY:-}" ] || ! xdpyinfo >/dev/null 2>&1; then
     headless=1
     ql_start_xvfb 800x600x24
 fi
+
+prefix=${QL_RUN_PREFIX:-${XDG_DATA_HOME:-$HOME/.local/share}/ql-options/wineprefix}
+export WINEPREFIX=$prefix
+ql_ensure_prefix "$prefix"
+ql_install_layout "$prefix"
+"$QL_ROOT/scripts/seed-device.sh" "$prefix"
+wineserver -w
 
 cd "$prefix/drive_c"
 program='C:\Program Files\Orvane\Quillory\ql_options.exe'
@@ -37,7 +39,11 @@ done
 stop() { wineserver -k >/dev/null 2>&1 || true; kill "$QL_XVFB_PID" 2>/dev/null || true; }
 if [ -z "$found" ]; then stop; ql_die "the QL Options window did not appear"; fi
 sleep 2
-desktop=$(xwininfo -root -tree | grep -E '"QLOptions|Wine desktop' | head -n 1 | awk '{print $1}')
-import -window "${desktop:-root}" "$shot" || { stop; ql_die "screenshot failed"; }
+# The program's window, with its frame, cut out of the screen (its menu bar is a window of its own
+# inside that rectangle).
+window=$(xwininfo -root -tree | grep '"QL Options"' | head -n 1 | awk '{print $1}')
+geometry=$(xwininfo -id "$window" | awk '/Absolute upper-left X/ {x=$NF} /Absolute upper-left Y/ {y=$NF}
+    /Width:/ {w=$NF} /Height:/ {h=$NF} END {printf "%dx%d+%d+%d", w, h, x, y}')
+import -window root -crop "$geometry" +repage "$shot" || { stop; ql_die "screenshot failed"; }
 stop
 echo "$shot"
