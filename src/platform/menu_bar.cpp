@@ -6,6 +6,12 @@
 // parent by the strip, so its client area is unchanged; shortening the window afterwards, as
 // device code does, then gives the device's proportions. The parent's subclass keeps the bar
 // docked when it moves, resizes, hides or shows.
+//
+// The strip is also cut out of a top-level parent's window region. Under Wine each top-level
+// window is a window of the X server, and giving a window the keyboard focus (when it is mapped
+// with the focus inside, or activated) raises its X window above all others, its owned pop-ups
+// included. The parent then covered the bar, and the screen showed the parent's strip, which
+// nothing paints: a black band. Through the hole the bar shows whichever of the two is on top.
 #include "platform/shell.h"
 
 #include <commctrl.h>
@@ -51,6 +57,8 @@ struct MenuBar {
     std::vector<MenuButton> buttons;
     int height = 0;
     int reserve = 0;  // strip height taken from the parent (0 for a hidden bar)
+    RECT hole = {};   // the strip cut out of the parent's window region, in window coordinates
+    SIZE carvedFrame = {};  // the parent's size when the region was made
     bool hidden = false;
     bool parentHooked = false;
 };
@@ -72,6 +80,37 @@ void SetBackground(MenuBar* bar, COLORREF colour) {
     InvalidateRect(bar->window, nullptr, TRUE);
 }
 
+bool IsTopLevel(HWND window) { return (GetWindowLongW(window, GWL_STYLE) & WS_CHILD) == 0; }
+
+// Gives a top-level parent a window region without the bar's strip (`strip` in screen
+// coordinates; an empty strip gives the parent its whole window back). Remade only when the
+// strip or the parent's size changed, since setting a region repositions the parent.
+void CarveStrip(MenuBar* bar, RECT strip) {
+    HWND parent = bar->parent;
+    if (!IsTopLevel(parent)) return;  // a child's hole would only show its own parent
+    RECT frame;
+    GetWindowRect(parent, &frame);
+    SIZE size = {frame.right - frame.left, frame.bottom - frame.top};
+    RECT hole = {};
+    if (!IsRectEmpty(&strip)) {
+        hole = strip;
+        OffsetRect(&hole, -frame.left, -frame.top);
+    }
+    bool sameSize = size.cx == bar->carvedFrame.cx && size.cy == bar->carvedFrame.cy;
+    if (EqualRect(&hole, &bar->hole) && (IsRectEmpty(&hole) || sameSize)) return;
+    bar->hole = hole;
+    bar->carvedFrame = size;
+    if (IsRectEmpty(&hole)) {
+        SetWindowRgn(parent, nullptr, TRUE);
+        return;
+    }
+    HRGN region = CreateRectRgn(0, 0, size.cx, size.cy);
+    HRGN cut = CreateRectRgnIndirect(&hole);
+    CombineRgn(region, region, cut, RGN_DIFF);
+    DeleteObject(cut);
+    if (!SetWindowRgn(parent, region, TRUE)) DeleteObject(region);  // on success the window owns it
+}
+
 // Keeps the bar in the strip below the parent's client area, visible when the parent is.
 void Dock(MenuBar* bar) {
     HWND parent = bar->parent;
@@ -82,6 +121,11 @@ void Dock(MenuBar* bar) {
     bool show = !bar->hidden && IsWindowVisible(parent) && !IsIconic(parent);
     UINT flags = SWP_NOZORDER | SWP_NOACTIVATE | (show ? SWP_SHOWWINDOW : SWP_HIDEWINDOW);
     SetWindowPos(bar->window, nullptr, origin.x, origin.y, client.right, bar->height, flags);
+    RECT strip = {};
+    if (bar->reserve > 0 && client.right > 0) {
+        SetRect(&strip, origin.x, origin.y, origin.x + client.right, origin.y + bar->reserve);
+    }
+    CarveStrip(bar, strip);
 }
 
 // Changes the parent's height by `delta` and lets it recompute its client area.
@@ -196,6 +240,7 @@ void ReleaseBar(MenuBar* bar) {
     HWND parent = bar->parent;
     if (bar->parentHooked && IsWindow(parent)) {
         RemoveWindowSubclass(parent, BarParentProc, kBarParentSubclass);
+        CarveStrip(bar, RECT{});
         if (GetPropW(parent, kMenuBarProperty) == bar->window) RemovePropW(parent, kMenuBarProperty);
         // A parent being destroyed is hidden first; only a live one gets its strip back.
         if (IsWindowVisible(parent)) {

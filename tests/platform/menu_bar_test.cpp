@@ -1,6 +1,8 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <vector>
+
 #include "platform/device_window.h"
 #include "platform/shell.h"
 #include "platform_test_support.h"
@@ -38,6 +40,66 @@ TBBUTTON Button(HWND bar, int index) {
     return ::testing::AssertionFailure() << "bar (" << strip.left << "," << strip.top << ")-(" << strip.right << ","
                                          << strip.bottom << ") below client (" << client.left << "," << client.top
                                          << ")-(" << client.right << "," << client.bottom << ")";
+}
+
+// Lets Wine deliver what the X server sent back (maps, exposures, focus) and repaint.
+void SettleWindows() {
+    for (int round = 0; round < 10; ++round) {
+        PumpMessages();
+        Sleep(30);
+    }
+}
+
+// The bar as the screen shows it: 32-bit pixels, row by row from the top.
+struct ScreenPicture {
+    int width = 0;
+    int height = 0;
+    std::vector<COLORREF> pixels;
+
+    COLORREF at(int x, int y) const { return pixels[y * width + x]; }
+};
+
+ScreenPicture ReadScreen(const RECT& area) {
+    ScreenPicture picture;
+    picture.width = Width(area);
+    picture.height = Height(area);
+    HDC screen = GetDC(nullptr);
+    HDC memory = CreateCompatibleDC(screen);
+    BITMAPINFO info = {};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = picture.width;
+    info.bmiHeader.biHeight = -picture.height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    void* bits = nullptr;
+    HBITMAP bitmap = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    HGDIOBJ previous = SelectObject(memory, bitmap);
+    BitBlt(memory, 0, 0, picture.width, picture.height, screen, area.left, area.top, SRCCOPY);
+    GdiFlush();
+    const DWORD* row = static_cast<const DWORD*>(bits);
+    for (int i = 0; i < picture.width * picture.height; ++i) {
+        DWORD bgr = row[i];  // 0x00RRGGBB in a DIB
+        picture.pixels.push_back(RGB((bgr >> 16) & 0xFF, (bgr >> 8) & 0xFF, bgr & 0xFF));
+    }
+    SelectObject(memory, previous);
+    DeleteObject(bitmap);
+    DeleteDC(memory);
+    ReleaseDC(nullptr, screen);
+    return picture;
+}
+
+int Brightness(COLORREF colour) { return (GetRValue(colour) * 3 + GetGValue(colour) * 6 + GetBValue(colour)) / 10; }
+
+// Counts the pixels inside `rect` (bar coordinates) that satisfy `test`.
+template <typename Test>
+int CountPixels(const ScreenPicture& picture, const RECT& rect, Test test) {
+    int count = 0;
+    for (int y = rect.top; y < rect.bottom && y < picture.height; ++y) {
+        for (int x = rect.left; x < rect.right && x < picture.width; ++x) {
+            if (test(picture.at(x, y))) ++count;
+        }
+    }
+    return count;
 }
 
 class MenuBarTest : public ::testing::Test {
@@ -201,6 +263,9 @@ TEST_F(MenuBarTest, BarJoinsBelowTheClientAreaAndStaysDockedThroughResizes) {
     EXPECT_TRUE(Docked(bar, parent_)) << "after a move and resize";
     SetWindowPos(parent_, nullptr, 0, 0, 200, 500, SWP_NOZORDER | SWP_NOMOVE);
     EXPECT_TRUE(Docked(bar, parent_)) << "after a resize only";
+    RECT barRect = WindowRect(bar);
+    POINT inStrip = {(barRect.left + barRect.right) / 2, barRect.bottom - 2};
+    EXPECT_EQ(WindowFromPoint(inStrip), bar) << "the parent's window leaves the strip to the bar";
 
     ShowWindow(parent_, SW_HIDE);
     EXPECT_FALSE(IsWindowVisible(bar));
@@ -254,6 +319,9 @@ TEST_F(MenuBarTest, DestroyingTheBarGivesBackTheStripAndDestroyingTheParentTakes
     HWND bar = CreateBar(parent_, SHCMBF_HMENU, library_.module(), kTestMenuId);
     ASSERT_NE(bar, nullptr);
     EXPECT_TRUE(DestroyWindow(bar));
+    HRGN region = CreateRectRgn(0, 0, 0, 0);
+    EXPECT_EQ(GetWindowRgn(parent_, region), ERROR) << "the parent has its whole window again";
+    DeleteObject(region);
     RECT frame = WindowRect(parent_);
     RECT client;
     GetClientRect(parent_, &client);
@@ -280,6 +348,71 @@ TEST_F(MenuBarTest, BarOnAChildWindowGoesWithIt) {
     EXPECT_TRUE(Docked(bar, child));
     DestroyWindow(child);
     EXPECT_FALSE(IsWindow(bar));
+}
+
+// Giving a window the focus makes Wine raise its X window above all others, its owned bar too;
+// the screen must still show the bar's buttons on a light background, and taps must reach it.
+TEST_F(MenuBarTest, BarStaysOnScreenWhenItsParentIsRaisedByTheFocus) {
+    HWND bar = CreateBar(parent_, SHCMBF_HMENU, library_.module(), kTestMenuId);
+    ASSERT_NE(bar, nullptr);
+    const COLORREF kImageColour = RGB(220, 20, 30);
+    HIMAGELIST images = ImageList_Create(16, 16, ILC_COLOR24 | ILC_MASK, 1, 0);
+    HDC screen = GetDC(nullptr);
+    HBITMAP image = CreateCompatibleBitmap(screen, 16, 16);
+    ReleaseDC(nullptr, screen);
+    {
+        HDC paint = CreateCompatibleDC(nullptr);
+        HGDIOBJ previous = SelectObject(paint, image);
+        HBRUSH red = CreateSolidBrush(kImageColour);
+        RECT square = {0, 0, 16, 16};
+        FillRect(paint, &square, red);
+        DeleteObject(red);
+        SelectObject(paint, previous);
+        DeleteDC(paint);
+    }
+    ImageList_Add(images, image, nullptr);
+    SendMessageW(bar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images));
+    TBBUTTON added = {};
+    added.iBitmap = 0;
+    added.idCommand = 1;
+    added.fsState = TBSTATE_ENABLED;
+    ASSERT_TRUE(SendMessageW(bar, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&added)));
+    SettleWindows();
+
+    // Another window takes the focus, then the parent gets it back.
+    HWND other = CreateRecordingWindow(600, 50, 200, 200);
+    SetForegroundWindow(other);
+    SetFocus(other);
+    SettleWindows();
+    SetForegroundWindow(parent_);
+    SetFocus(parent_);
+    SettleWindows();
+
+    RECT strip = WindowRect(bar);
+    POINT centre = {(strip.left + strip.right) / 2, (strip.top + strip.bottom) / 2};
+    EXPECT_EQ(WindowFromPoint(centre), bar) << "a tap on the strip reaches the bar";
+
+    ScreenPicture picture = ReadScreen(strip);
+    RECT whole = {0, 0, picture.width, picture.height};
+    int pixels = picture.width * picture.height;
+    int light = CountPixels(picture, whole, [](COLORREF c) { return Brightness(c) >= 200; });
+    EXPECT_GT(light, pixels / 2) << "the strip shows a light background, not " << std::hex << picture.at(1, 1);
+
+    RECT textButton;
+    ASSERT_TRUE(SendMessageW(bar, TB_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&textButton)));
+    int dark = CountPixels(picture, textButton, [](COLORREF c) { return Brightness(c) < 100; });
+    EXPECT_GT(dark, 10) << "the text of the first button";
+    EXPECT_LT(dark, Width(textButton) * Height(textButton) / 2) << "text, not a dark button";
+
+    RECT imageButton;
+    ASSERT_TRUE(SendMessageW(bar, TB_GETRECT, 1, reinterpret_cast<LPARAM>(&imageButton)));
+    int red = CountPixels(picture, imageButton, [&](COLORREF c) { return c == kImageColour; });
+    EXPECT_GE(red, 16 * 16 / 2) << "the image of the image button";
+
+    DestroyWindow(other);
+    DestroyWindow(bar);
+    ImageList_Destroy(images);
+    DeleteObject(image);
 }
 
 }  // namespace
