@@ -4,6 +4,7 @@
 
 #include "bench_harness.h"
 #include "shell/app_state.h"
+#include "shell/application.h"
 #include "shell/main_window.h"
 
 namespace {
@@ -18,7 +19,7 @@ void PumpUntilIdle() {
 }
 
 void StartAndStopProgram() {
-    HWND main = CreateMainWindow(g_app.instance);
+    HWND main = CreateFittedMainWindow(g_app.instance);
     ShowWindow(main, SW_SHOW);
     UpdateWindow(main);
     PumpUntilIdle();

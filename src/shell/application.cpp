@@ -42,6 +42,16 @@ int RunMessageLoop(HINSTANCE instance) {
 
 }  // namespace
 
+HWND CreateFittedMainWindow(HINSTANCE instance) {
+    HWND window = CreateMainWindow(instance);
+    if (!window) return nullptr;
+    FitAroundMenuBar(window);
+    // The desktop has no full screen to fill: give the window the device's screen, now that the
+    // screen's pixels per inch are known.
+    SizeAsDevice(window);
+    return window;
+}
+
 int RunApplication(HINSTANCE instance, const wchar_t* commandLine, int showCommand) {
     g_app.startMode = (commandLine && wcscmp(commandLine, L"About") == 0) ? 1 : 0;
     g_app.instance = instance;
@@ -55,12 +65,8 @@ int RunApplication(HINSTANCE instance, const wchar_t* commandLine, int showComma
 
     InitCommonControlsForProgram();
     RegisterMainWindowClass(instance);
-    HWND window = CreateMainWindow(instance);
+    HWND window = CreateFittedMainWindow(instance);
     if (!window) return 0;
-    FitAroundMenuBar(window);
-    // The desktop has no full screen to fill: give the window the device's screen, now that the
-    // screen's pixels per inch are known.
-    SizeAsDevice(window);
     if (g_app.startMode == 1) ShowAboutBox(window);
     ShowWindow(window, showCommand);
     UpdateWindow(window);

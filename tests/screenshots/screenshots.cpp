@@ -8,6 +8,7 @@
 #include <string>
 
 #include "shell/app_state.h"
+#include "shell/application.h"
 #include "shell/main_window.h"
 #include "shell/settings_page.h"
 
@@ -94,7 +95,7 @@ int wmain(int argc, wchar_t** argv) {
     InitCommonControlsEx(&controls);
     g_app.instance = GetModuleHandleW(nullptr);
     RegisterMainWindowClass(g_app.instance);
-    HWND main = CreateMainWindow(g_app.instance);
+    HWND main = CreateFittedMainWindow(g_app.instance);
     if (!main) return 1;
     ShowWindow(main, SW_SHOW);
     SetWindowPos(main, HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE);
