@@ -49,38 +49,15 @@ void LoadIcons(CategoryList& categories, const wchar_t* iconsFolder) {
 
 }  // namespace
 
-CategoryList::~CategoryList() { ClearCategories(*this); }
-
-void ClearCategories(CategoryList& categories) {
-    CategoryRecord* record = categories.head;
-    while (record) {
-        CategoryRecord* next = record->next;
-        delete record;
-        record = next;
-    }
-    categories.head = nullptr;
-    categories.count = 0;
-}
+void ClearCategories(CategoryList& categories) { DeleteRecords(categories); }
 
 void InsertCategory(CategoryList& categories, CategoryRecord* record) {
-    CategoryRecord* previous = nullptr;
-    CategoryRecord* next = categories.head;
-    while (next && !SortsAfter(next->name.c_str(), record->name.c_str())) {
-        previous = next;
-        next = next->next;
-    }
-    record->previous = previous;
-    record->next = next;
-    if (previous) previous->next = record;
-    else categories.head = record;
-    if (next) next->previous = record;
-    ++categories.count;
+    InsertRecord(categories, record,
+                 [&](const CategoryRecord& r) { return SortsAfter(r.name.c_str(), record->name.c_str()); });
 }
 
 CategoryRecord* FindCategory(const CategoryList& categories, const wchar_t* name) {
-    for (CategoryRecord* r = categories.head; r; r = r->next)
-        if (wcscmp(r->name.c_str(), name) == 0) return r;
-    return nullptr;
+    return FindRecord(categories, [&](const CategoryRecord& r) { return wcscmp(r.name.c_str(), name) == 0; });
 }
 
 void LoadCategories(CategoryList& categories, FilterList& filters, const wchar_t* iconsFolder,

@@ -7,6 +7,7 @@
 #include <cstdint>
 
 #include "support/handles.h"
+#include "support/record_list.h"
 #include "support/wide_string.h"
 
 struct FilterList;
@@ -24,16 +25,8 @@ struct CategoryRecord {
     CategoryRecord* previous = nullptr;
 };
 
-// Doubly linked, sorted by name (case-insensitive, user locale); owns its records.
-struct CategoryList {
-    CategoryRecord* head = nullptr;
-    int count = 0;
-
-    CategoryList() = default;
-    ~CategoryList();
-    CategoryList(const CategoryList&) = delete;
-    CategoryList& operator=(const CategoryList&) = delete;
-};
+// Sorted by name (case-insensitive, user locale); owns its records.
+struct CategoryList : RecordList<CategoryRecord> {};
 
 // The category list of the running program.
 extern CategoryList g_categories;

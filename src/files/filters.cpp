@@ -69,38 +69,14 @@ bool ReadFileBytes(const wchar_t* path, std::string& bytes) {
 
 }  // namespace
 
-FilterList::~FilterList() { ClearFilters(*this); }
-
-void ClearFilters(FilterList& filters) {
-    FilterRecord* record = filters.head;
-    while (record) {
-        FilterRecord* next = record->next;
-        delete record;
-        record = next;
-    }
-    filters.head = nullptr;
-    filters.count = 0;
-}
+void ClearFilters(FilterList& filters) { DeleteRecords(filters); }
 
 void InsertFilter(FilterList& filters, FilterRecord* record) {
-    FilterRecord* previous = nullptr;
-    FilterRecord* next = filters.head;
-    while (next && next->index <= record->index) {
-        previous = next;
-        next = next->next;
-    }
-    record->previous = previous;
-    record->next = next;
-    if (previous) previous->next = record;
-    else filters.head = record;
-    if (next) next->previous = record;
-    ++filters.count;
+    InsertRecord(filters, record, [&](const FilterRecord& r) { return r.index > record->index; });
 }
 
 FilterRecord* FindFilter(const FilterList& filters, int index) {
-    for (FilterRecord* r = filters.head; r; r = r->next)
-        if (r->index == index) return r;
-    return nullptr;
+    return FindRecord(filters, [&](const FilterRecord& r) { return r.index == index; });
 }
 
 void MakeDefaultFilters(FilterList& filters) {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 
+#include "support/record_list.h"
 #include "support/wide_string.h"
 
 struct FilterRecord {
@@ -19,16 +20,8 @@ struct FilterRecord {
     FilterRecord* previous = nullptr;
 };
 
-// Doubly linked, sorted by index ascending; owns its records.
-struct FilterList {
-    FilterRecord* head = nullptr;
-    int count = 0;
-
-    FilterList() = default;
-    ~FilterList();
-    FilterList(const FilterList&) = delete;
-    FilterList& operator=(const FilterList&) = delete;
-};
+// Sorted by index ascending; owns its records.
+struct FilterList : RecordList<FilterRecord> {};
 
 // The filter list of the running program.
 extern FilterList g_filters;

@@ -16,31 +16,14 @@ bool IsBuiltInTabKind(DWORD kind) {
     }
 }
 
-void TabList::clear() {
-    while (head_) {
-        TabEntry* next = head_->next;
-        delete head_;
-        head_ = next;
-    }
-    count_ = 0;
-}
+void TabList::clear() { DeleteRecords(entries_); }
 
 TabEntry* TabList::insertOrdered(std::unique_ptr<TabEntry> owned) {
     TabEntry* entry = owned.release();
-    ++count_;
-    if (!head_ || entry->order < head_->order) {
-        entry->prev = nullptr;
-        entry->next = head_;
-        if (head_) head_->prev = entry;
-        head_ = entry;
-        return entry;
-    }
-    TabEntry* after = head_;
-    while (after->next && after->next->order < entry->order) after = after->next;
-    entry->prev = after;
-    entry->next = after->next;
-    if (after->next) after->next->prev = entry;
-    after->next = entry;
+    const TabEntry* head = entries_.head;
+    InsertRecord(entries_, entry, [&](const TabEntry& r) {
+        return &r == head ? entry->order < r.order : r.order >= entry->order;
+    });
     return entry;
 }
 
@@ -58,37 +41,25 @@ TabEntry* TabList::add(DWORD kind, DWORD order, DWORD enabled, const wchar_t* na
 }
 
 void TabList::remove(TabEntry* entry) {
-    if (!entry) return;
-    if (entry->prev)
-        entry->prev->next = entry->next;
-    else if (head_ == entry)
-        head_ = entry->next;
-    else
-        return;  // not in this list
-    if (entry->next) entry->next->prev = entry->prev;
-    delete entry;
-    --count_;
+    if (entry && UnlinkRecord(entries_, entry)) delete entry;
 }
 
 void TabList::renumber() {
     DWORD position = 1;
-    for (TabEntry* entry = head_; entry; entry = entry->next) entry->order = position++;
+    for (TabEntry* entry = entries_.head; entry; entry = entry->next) entry->order = position++;
 }
 
 TabEntry* TabList::findByOrder(DWORD order) const {
-    for (TabEntry* entry = head_; entry; entry = entry->next)
-        if (entry->order == order) return entry;
-    return nullptr;
+    return FindRecord(entries_, [&](const TabEntry& entry) { return entry.order == order; });
 }
 
 TabEntry* TabList::findByKind(DWORD kind) const {
-    for (TabEntry* entry = head_; entry; entry = entry->next)
-        if (entry->kind == kind) return entry;
-    return nullptr;
+    return FindRecord(entries_, [&](const TabEntry& entry) { return entry.kind == kind; });
 }
 
 TabEntry* TabList::findByKindAndName(DWORD kind, const wchar_t* name) const {
-    for (TabEntry* entry = head_; entry; entry = entry->next)
-        if (entry->kind == kind && wcscmp(entry->name.c_str(), name ? name : L"") == 0) return entry;
-    return nullptr;
+    const wchar_t* wanted = name ? name : L"";
+    return FindRecord(entries_, [&](const TabEntry& entry) {
+        return entry.kind == kind && wcscmp(entry.name.c_str(), wanted) == 0;
+    });
 }

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "support/record_list.h"
 #include "support/wide_string.h"
 
 // Kinds of the built-in tabs; a Today plug-in shown as a tab has kind 1, or 2 when its
@@ -30,16 +31,11 @@ struct TabEntry {
     WString installPath;
     WString customIconName;
     TabEntry* next = nullptr;
-    TabEntry* prev = nullptr;
+    TabEntry* previous = nullptr;
 };
 
 class TabList {
 public:
-    TabList() = default;
-    ~TabList() { clear(); }
-    TabList(const TabList&) = delete;
-    TabList& operator=(const TabList&) = delete;
-
     // Frees every entry.
     void clear();
     // Takes the entry and links it in before the first later entry whose order is not smaller,
@@ -54,13 +50,12 @@ public:
     // Sets every entry's order to its position, 1 for the head.
     void renumber();
 
-    TabEntry* head() const { return head_; }
-    int count() const { return count_; }
+    TabEntry* head() const { return entries_.head; }
+    int count() const { return entries_.count; }
     TabEntry* findByOrder(DWORD order) const;
     TabEntry* findByKind(DWORD kind) const;
     TabEntry* findByKindAndName(DWORD kind, const wchar_t* name) const;
 
 private:
-    TabEntry* head_ = nullptr;
-    int count_ = 0;
+    RecordList<TabEntry> entries_;
 };

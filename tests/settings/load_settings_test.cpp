@@ -276,7 +276,7 @@ TEST_F(TabLoading, PlugInSubKeysAreInsertedByOrderAndRenumbered) {
     const TabEntry* last = loaded_->tabSettings.tabs.head();
     while (last->next) last = last->next;
     int backwards = 1;
-    for (; last->prev; last = last->prev) ++backwards;
+    for (; last->previous; last = last->previous) ++backwards;
     EXPECT_EQ(backwards, 9);
 }
 
