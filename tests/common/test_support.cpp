@@ -184,3 +184,31 @@ void RegPutRaw(HKEY root, const wchar_t* path, const wchar_t* name, DWORD type, 
         return ::testing::AssertionFailure() << Where(path, name) << " exists but should not";
     return ::testing::AssertionSuccess();
 }
+
+const wchar_t* TestWindowClass(const wchar_t* name, WNDPROC proc, HBRUSH background) {
+    WNDCLASSW windowClass = {};
+    windowClass.lpfnWndProc = proc;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.hbrBackground = background;
+    windowClass.lpszClassName = name;
+    if (RegisterClassW(&windowClass)) return name;
+    return GetLastError() == ERROR_CLASS_ALREADY_EXISTS ? name : nullptr;
+}
+
+BITMAPINFO TopDownDibInfo(int width, int height) {
+    BITMAPINFO info = {};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = -height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    return info;
+}
+
+HBITMAP CreateTopDownDib(int width, int height, DWORD** bits) {
+    BITMAPINFO info = TopDownDibInfo(width, height);
+    void* pixels = nullptr;
+    HBITMAP bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
+    *bits = static_cast<DWORD*>(pixels);
+    return bitmap;
+}

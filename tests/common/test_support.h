@@ -49,3 +49,17 @@ void RegPutRaw(HKEY root, const wchar_t* path, const wchar_t* name, DWORD type, 
 #define EXPECT_REG_DWORD(root, path, name, value) EXPECT_TRUE(RegHasDword(root, path, name, value))
 #define EXPECT_REG_STRING(root, path, name, value) EXPECT_TRUE(RegHasString(root, path, name, value))
 #define EXPECT_REG_ABSENT(root, path, name) EXPECT_TRUE(RegHasNoValue(root, path, name))
+
+// ---- windows and pictures -----------------------------------------------------------------
+// Registers a window class of the test program once (a later call with the same name does
+// nothing) and returns its name, or null when it cannot be registered.
+const wchar_t* TestWindowClass(const wchar_t* name, WNDPROC proc, HBRUSH background = nullptr);
+
+// The header of a 32-bit DIB of width × height whose first row is the top one.
+BITMAPINFO TopDownDibInfo(int width, int height);
+// A 32-bit top-down DIB section; `bits` receives its pixels, one 0x00RRGGBB each.
+HBITMAP CreateTopDownDib(int width, int height, DWORD** bits);
+inline COLORREF ColourOfDibPixel(DWORD pixel) { return RGB((pixel >> 16) & 0xFF, (pixel >> 8) & 0xFF, pixel & 0xFF); }
+inline DWORD DibPixelOfColour(COLORREF colour) {
+    return (GetRValue(colour) << 16) | (GetGValue(colour) << 8) | GetBValue(colour);
+}

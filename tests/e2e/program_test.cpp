@@ -155,13 +155,8 @@ LRESULT CALLBACK ListenerProc(HWND window, UINT message, WPARAM wParam, LPARAM l
 
 TEST_F(ProgramTest, DonePostsTheChangeMessageToAllWindowsAndExits) {
     g_changedMessage = RegisterWindowMessageW(L"OrvaneQuillorySettingsChanged");
-    WNDCLASSW wc = {};
-    wc.lpfnWndProc = ListenerProc;
-    wc.hInstance = GetModuleHandleW(nullptr);
-    wc.lpszClassName = L"ChangeListener";
-    RegisterClassW(&wc);
-    HWND listener = CreateWindowExW(0, L"ChangeListener", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, wc.hInstance,
-                                    nullptr);
+    HWND listener = CreateWindowExW(0, TestWindowClass(L"ChangeListener", ListenerProc), L"", WS_POPUP, 0, 0, 1, 1,
+                                    nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
 
     Program program;
     HWND main = WaitForWindow(L"QL_OPTIONS", L"QL Options");

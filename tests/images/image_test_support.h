@@ -89,15 +89,7 @@ inline bool WriteModuleWithResources(const std::wstring& path, const std::vector
 class Canvas {
 public:
     Canvas(int width, int height) : width_(width), height_(height), dc_(CreateCompatibleDC(nullptr)) {
-        BITMAPINFO info = {};
-        info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-        info.bmiHeader.biWidth = width;
-        info.bmiHeader.biHeight = -height;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        void* bits = nullptr;
-        bitmap_.reset(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-        bits_ = static_cast<DWORD*>(bits);
+        bitmap_.reset(CreateTopDownDib(width, height, &bits_));
         previous_ = SelectObject(dc_.get(), bitmap_.get());
         for (int i = 0; i < width * height; ++i) bits_[i] = static_cast<DWORD>(i * 2654435761u) & 0xFFFFFF;
         original_.assign(bits_, bits_ + width * height);

@@ -30,13 +30,9 @@ protected:
         g_app.instance = GetModuleHandleW(nullptr);
         g_app.pixelsPerInchX = g_app.pixelsPerInchY = 96;
         LoadSettings();
-        WNDCLASSW wc = {};
-        wc.lpfnWndProc = DefWindowProcW;
-        wc.hInstance = g_app.instance;
-        wc.lpszClassName = L"GeneralOwner";
-        RegisterClassW(&wc);
-        owner_ = CreateWindowExW(0, L"GeneralOwner", L"QL Options", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 260, 340,
-                                 nullptr, nullptr, g_app.instance, nullptr);
+        owner_ = CreateWindowExW(0, TestWindowClass(L"GeneralOwner", DefWindowProcW), L"QL Options",
+                                 WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 260, 340, nullptr, nullptr, g_app.instance,
+                                 nullptr);
     }
     void TearDown() override {
         Close();

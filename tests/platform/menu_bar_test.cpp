@@ -65,22 +65,12 @@ ScreenPicture ReadScreen(const RECT& area) {
     picture.height = Height(area);
     HDC screen = GetDC(nullptr);
     HDC memory = CreateCompatibleDC(screen);
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = picture.width;
-    info.bmiHeader.biHeight = -picture.height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
-    HBITMAP bitmap = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    DWORD* bits = nullptr;
+    HBITMAP bitmap = CreateTopDownDib(picture.width, picture.height, &bits);
     HGDIOBJ previous = SelectObject(memory, bitmap);
     BitBlt(memory, 0, 0, picture.width, picture.height, screen, area.left, area.top, SRCCOPY);
     GdiFlush();
-    const DWORD* row = static_cast<const DWORD*>(bits);
-    for (int i = 0; i < picture.width * picture.height; ++i) {
-        DWORD bgr = row[i];  // 0x00RRGGBB in a DIB
-        picture.pixels.push_back(RGB((bgr >> 16) & 0xFF, (bgr >> 8) & 0xFF, bgr & 0xFF));
-    }
+    for (int i = 0; i < picture.width * picture.height; ++i) picture.pixels.push_back(ColourOfDibPixel(bits[i]));
     SelectObject(memory, previous);
     DeleteObject(bitmap);
     DeleteDC(memory);

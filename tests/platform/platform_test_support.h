@@ -51,18 +51,7 @@ inline LRESULT CALLBACK RecordingProc(HWND window, UINT message, WPARAM wParam, 
 }
 
 inline const wchar_t* RecordingClass() {
-    static const wchar_t name[] = L"QLPlatformTestWindow";
-    static bool registered = false;
-    if (!registered) {
-        WNDCLASSW windowClass = {};
-        windowClass.lpfnWndProc = RecordingProc;
-        windowClass.hInstance = GetModuleHandleW(nullptr);
-        windowClass.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
-        windowClass.lpszClassName = name;
-        RegisterClassW(&windowClass);
-        registered = true;
-    }
-    return name;
+    return TestWindowClass(L"QLPlatformTestWindow", RecordingProc, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
 }
 
 // A plain visible overlapped window of the recording class.
@@ -113,18 +102,8 @@ inline LRESULT CALLBACK BarOnCreateProc(HWND window, UINT message, WPARAM wParam
 }
 
 inline const wchar_t* BarOnCreateClass() {
-    static const wchar_t name[] = L"QLPlatformTestBarOnCreate";
-    static bool registered = false;
-    if (!registered) {
-        WNDCLASSW windowClass = {};
-        windowClass.lpfnWndProc = BarOnCreateProc;
-        windowClass.hInstance = GetModuleHandleW(nullptr);
-        windowClass.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
-        windowClass.lpszClassName = name;
-        RegisterClassW(&windowClass);
-        registered = true;
-    }
-    return name;
+    return TestWindowClass(L"QLPlatformTestBarOnCreate", BarOnCreateProc,
+                           static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
 }
 
 // The menu bar a window owns, found among the top-level windows.

@@ -253,14 +253,10 @@ LRESULT CALLBACK ActivatingProc(HWND window, UINT message, WPARAM wParam, LPARAM
 }
 
 TEST(SHHandleWMActivate, FocusComesBackAfterAnotherWindowWasActive) {
-    WNDCLASSW windowClass = {};
-    windowClass.lpfnWndProc = ActivatingProc;
-    windowClass.hInstance = GetModuleHandleW(nullptr);
-    windowClass.lpszClassName = L"QLPlatformActivating";
-    RegisterClassW(&windowClass);
     g_activateInfo = NewActivateInfo();
-    HWND window = CreateWindowExW(0, L"QLPlatformActivating", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50, 50, 300, 200,
-                                  nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    HWND window = CreateWindowExW(0, TestWindowClass(L"QLPlatformActivating", ActivatingProc), L"",
+                                  WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50, 50, 300, 200, nullptr, nullptr,
+                                  GetModuleHandleW(nullptr), nullptr);
     HWND first = CreateWindowExW(0, L"edit", L"", WS_CHILD | WS_VISIBLE, 10, 10, 100, 20, window, nullptr, nullptr, nullptr);
     HWND second = CreateWindowExW(0, L"edit", L"", WS_CHILD | WS_VISIBLE, 10, 40, 100, 20, window, nullptr, nullptr, nullptr);
     SetForegroundWindow(window);

@@ -14,19 +14,9 @@ const COLORREF kInk = RGB(200, 100, 50);
 
 // A 32-bit top-down DIB section filled row by row from `pixels` (COLORREF values).
 HBITMAP MakeBitmap(int width, int height, const std::vector<COLORREF>& pixels) {
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = -height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
-    HBITMAP bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    DWORD* out = static_cast<DWORD*>(bits);
-    for (size_t i = 0; i < pixels.size(); ++i) {
-        COLORREF c = pixels[i];
-        out[i] = (GetRValue(c) << 16) | (GetGValue(c) << 8) | GetBValue(c);
-    }
+    DWORD* out = nullptr;
+    HBITMAP bitmap = CreateTopDownDib(width, height, &out);
+    for (size_t i = 0; i < pixels.size(); ++i) out[i] = DibPixelOfColour(pixels[i]);
     return bitmap;
 }
 

@@ -257,18 +257,13 @@ Pixels ReadPixels(HMODULE library, UINT id) {
     GetObjectW(bitmap, sizeof info, &info);
     pixels.width = info.bmWidth;
     pixels.height = info.bmHeight;
-    BITMAPINFO request = {};
-    request.bmiHeader.biSize = sizeof request.bmiHeader;
-    request.bmiHeader.biWidth = info.bmWidth;
-    request.bmiHeader.biHeight = -info.bmHeight;
-    request.bmiHeader.biPlanes = 1;
-    request.bmiHeader.biBitCount = 32;
+    BITMAPINFO request = TopDownDibInfo(info.bmWidth, info.bmHeight);
     std::vector<DWORD> bgra(static_cast<size_t>(info.bmWidth) * info.bmHeight);
     HDC dc = GetDC(nullptr);
     GetDIBits(dc, bitmap, 0, info.bmHeight, bgra.data(), &request, DIB_RGB_COLORS);
     ReleaseDC(nullptr, dc);
     DeleteObject(bitmap);
-    for (DWORD value : bgra) pixels.values.push_back(RGB((value >> 16) & 0xFF, (value >> 8) & 0xFF, value & 0xFF));
+    for (DWORD value : bgra) pixels.values.push_back(ColourOfDibPixel(value));
     return pixels;
 }
 
@@ -325,25 +320,16 @@ TEST_P(DisplayLibrary, EveryImageIsDrawnOnItsMaskColourAndDiffersFromTheOthers) 
 // Draws image `index` of an image list on white and reads the result back.
 Pixels DrawOnWhite(HIMAGELIST list, int index, int width, int height) {
     Pixels pixels;
-    BITMAPINFO request = {};
-    request.bmiHeader.biSize = sizeof request.bmiHeader;
-    request.bmiHeader.biWidth = width;
-    request.bmiHeader.biHeight = -height;
-    request.bmiHeader.biPlanes = 1;
-    request.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
+    DWORD* bits = nullptr;
     HDC dc = CreateCompatibleDC(nullptr);
-    HBITMAP target = CreateDIBSection(dc, &request, DIB_RGB_COLORS, &bits, nullptr, 0);
+    HBITMAP target = CreateTopDownDib(width, height, &bits);
     HGDIOBJ old = SelectObject(dc, target);
     PatBlt(dc, 0, 0, width, height, WHITENESS);
     ImageList_Draw(list, index, dc, 0, 0, ILD_NORMAL);
     GdiFlush();
     pixels.width = width;
     pixels.height = height;
-    const DWORD* bgra = static_cast<const DWORD*>(bits);
-    for (int i = 0; i < width * height; ++i) {
-        pixels.values.push_back(RGB((bgra[i] >> 16) & 0xFF, (bgra[i] >> 8) & 0xFF, bgra[i] & 0xFF));
-    }
+    for (int i = 0; i < width * height; ++i) pixels.values.push_back(ColourOfDibPixel(bits[i]));
     SelectObject(dc, old);
     DeleteObject(target);
     DeleteDC(dc);

@@ -250,8 +250,7 @@ TEST(ChangeMessage, IsRegisteredOnceAndBroadcastWithZeroParameters) {
     EXPECT_EQ(g_app.settingsChangedMessage, message);
     EXPECT_EQ(SettingsChangedMessage(), message);
 
-    WNDCLASSW windowClass = {};
-    windowClass.lpfnWndProc = [](HWND window, UINT msg, WPARAM wParam, LPARAM lParam) -> LRESULT {
+    WNDPROC listen = [](HWND window, UINT msg, WPARAM wParam, LPARAM lParam) -> LRESULT {
         if (msg == g_app.settingsChangedMessage) {
             ++received;
             receivedW = wParam;
@@ -260,11 +259,10 @@ TEST(ChangeMessage, IsRegisteredOnceAndBroadcastWithZeroParameters) {
         }
         return DefWindowProcW(window, msg, wParam, lParam);
     };
-    windowClass.hInstance = GetModuleHandleW(nullptr);
-    windowClass.lpszClassName = L"SettingsChangeListener";
-    ASSERT_NE(RegisterClassW(&windowClass), 0);
-    HWND listener = CreateWindowExW(0, L"SettingsChangeListener", L"listener", WS_OVERLAPPED, 0, 0, 10, 10, nullptr,
-                                    nullptr, windowClass.hInstance, nullptr);
+    const wchar_t* listenerClass = TestWindowClass(L"SettingsChangeListener", listen);
+    ASSERT_NE(listenerClass, nullptr);
+    HWND listener = CreateWindowExW(0, listenerClass, L"listener", WS_OVERLAPPED, 0, 0, 10, 10, nullptr, nullptr,
+                                    GetModuleHandleW(nullptr), nullptr);
     ASSERT_NE(listener, nullptr);
 
     PostSettingsChanged();

@@ -56,13 +56,8 @@ protected:
         ASSERT_NE(window_, nullptr);
         SetBrowserLastFolder((folder_.path() + L"\\").c_str());
 
-        WNDCLASSW wc = {};
-        wc.lpfnWndProc = ListenerProc;
-        wc.hInstance = g_app.instance;
-        wc.lpszClassName = L"BackupListener";
-        RegisterClassW(&wc);
-        listener_ = CreateWindowExW(0, L"BackupListener", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, g_app.instance,
-                                    nullptr);
+        listener_ = CreateWindowExW(0, TestWindowClass(L"BackupListener", ListenerProc), L"", WS_POPUP, 0, 0, 1, 1,
+                                    nullptr, nullptr, g_app.instance, nullptr);
         g_broadcasts = 0;
     }
     void TearDown() override {

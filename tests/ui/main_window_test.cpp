@@ -61,13 +61,8 @@ struct BroadcastListener {
     BroadcastListener() {
         message = RegisterWindowMessageW(L"OrvaneQuillorySettingsChanged");
         received = 0;
-        WNDCLASSW wc = {};
-        wc.lpfnWndProc = Proc;
-        wc.hInstance = GetModuleHandleW(nullptr);
-        wc.lpszClassName = L"BroadcastListener";
-        RegisterClassW(&wc);
-        window = CreateWindowExW(0, L"BroadcastListener", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, wc.hInstance,
-                                 nullptr);
+        window = CreateWindowExW(0, TestWindowClass(L"BroadcastListener", Proc), L"", WS_POPUP, 0, 0, 1, 1, nullptr,
+                                 nullptr, GetModuleHandleW(nullptr), nullptr);
     }
     ~BroadcastListener() { DestroyWindow(window); }
 };

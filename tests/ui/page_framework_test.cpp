@@ -27,13 +27,8 @@ struct OwnerWindow {
         return DefWindowProcW(w, m, wp, lp);
     }
     OwnerWindow() {
-        WNDCLASSW wc = {};
-        wc.lpfnWndProc = Proc;
-        wc.hInstance = GetModuleHandleW(nullptr);
-        wc.lpszClassName = L"ProbeOwner";
-        RegisterClassW(&wc);
-        window = CreateWindowExW(0, L"ProbeOwner", L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 260, 340,
-                                 nullptr, nullptr, wc.hInstance, nullptr);
+        window = CreateWindowExW(0, TestWindowClass(L"ProbeOwner", Proc), L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
+                                 10, 10, 260, 340, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
     }
     ~OwnerWindow() { DestroyWindow(window); }
 };
@@ -183,13 +178,9 @@ struct StripOwner {
 std::vector<std::pair<UINT, WPARAM>> StripOwner::received;
 
 TEST_F(PageFramework, MarkerStripTogglesAndChoosesAndTellsItsOwner) {
-    WNDCLASSW wc = {};
-    wc.lpfnWndProc = StripOwner::Proc;
-    wc.hInstance = GetModuleHandleW(nullptr);
-    wc.lpszClassName = L"StripOwner";
-    RegisterClassW(&wc);
-    HWND owner = CreateWindowExW(0, L"StripOwner", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 240, 200, nullptr,
-                                 nullptr, wc.hInstance, nullptr);
+    HWND owner = CreateWindowExW(0, TestWindowClass(L"StripOwner", StripOwner::Proc), L"",
+                                 WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 240, 200, nullptr, nullptr,
+                                 GetModuleHandleW(nullptr), nullptr);
     IconMarkerStrip strip;
     ASSERT_NE(strip.Create(owner, 5, 10, 10, 120, false), nullptr);
     strip.AddMarker(L"note", 0, 3, kMarkerOff);
