@@ -43,17 +43,10 @@ struct RegKeyTraits {
     static HKEY invalid() { return nullptr; }
     static void close(HKEY key) { RegCloseKey(key); }
 };
+template <typename GdiHandle>
 struct GdiObjectTraits {
-    static HGDIOBJ invalid() { return nullptr; }
-    static void close(HGDIOBJ object) { DeleteObject(object); }
-};
-struct FontTraits {
-    static HFONT invalid() { return nullptr; }
-    static void close(HFONT font) { DeleteObject(font); }
-};
-struct BitmapTraits {
-    static HBITMAP invalid() { return nullptr; }
-    static void close(HBITMAP bitmap) { DeleteObject(bitmap); }
+    static GdiHandle invalid() { return nullptr; }
+    static void close(GdiHandle object) { DeleteObject(object); }
 };
 struct ImageListTraits {
     static HIMAGELIST invalid() { return nullptr; }
@@ -81,8 +74,8 @@ struct LibraryTraits {
 };
 
 using RegKey = UniqueHandle<HKEY, RegKeyTraits>;
-using Font = UniqueHandle<HFONT, FontTraits>;
-using Bitmap = UniqueHandle<HBITMAP, BitmapTraits>;
+using Font = UniqueHandle<HFONT, GdiObjectTraits<HFONT>>;
+using Bitmap = UniqueHandle<HBITMAP, GdiObjectTraits<HBITMAP>>;
 using ImageList = UniqueHandle<HIMAGELIST, ImageListTraits>;
 using MemoryDc = UniqueHandle<HDC, MemoryDcTraits>;
 using File = UniqueHandle<FILE*, FileTraits>;
