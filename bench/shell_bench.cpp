@@ -40,8 +40,7 @@ void ShowMinimalWindow() {
 BenchRegistration g_startUp({
     "start-up to idle page grid", "minimal window created and shown",
     [] {
-        INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_BAR_CLASSES};
-        InitCommonControlsEx(&controls);
+        InitCommonControlsForProgram();
         g_app.instance = GetModuleHandleW(nullptr);
         RegisterMainWindowClass(g_app.instance);
         WNDCLASSW minimal = {};

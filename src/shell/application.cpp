@@ -11,12 +11,12 @@
 #include "shell/main_window.h"
 #include "support/wide_string.h"
 
-namespace {
-
 void InitCommonControlsForProgram() {
     INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);
 }
+
+namespace {
 
 // Shortens the main window by the menu bar's height, as the device does after creating the bar.
 void FitAroundMenuBar(HWND window) {

@@ -1,6 +1,9 @@
 #pragma once
 #include <windows.h>
 
+// Registers the common control classes the program's windows use.
+void InitCommonControlsForProgram();
+
 // Creates the main window (the application is built inside) and gives it the device's proportions;
 // null when it could not be created.
 HWND CreateFittedMainWindow(HINSTANCE instance);

@@ -9,6 +9,7 @@
 #include "pages/general_page.h"
 #include "settings/settings.h"
 #include "shell/app_state.h"
+#include "shell/application.h"
 #include "shell/page_factory.h"
 
 namespace {
@@ -23,8 +24,7 @@ enum {
 class GeneralPage : public ::testing::Test {
 protected:
     void SetUp() override {
-        INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_BAR_CLASSES};
-        InitCommonControlsEx(&controls);
+        InitCommonControlsForProgram();
         RegRemoveTree(HKEY_CURRENT_USER, L"Software\\Orvane\\Quillory");
         g_app = AppState();
         g_app.instance = GetModuleHandleW(nullptr);

@@ -12,6 +12,7 @@
 #include "files/settings_backup.h"
 #include "settings/settings.h"
 #include "shell/app_state.h"
+#include "shell/application.h"
 #include "shell/main_window.h"
 
 namespace {
@@ -42,8 +43,7 @@ LRESULT CALLBACK ListenerProc(HWND window, UINT message, WPARAM wParam, LPARAM l
 class BackupCommands : public ::testing::Test {
 protected:
     void SetUp() override {
-        INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_BAR_CLASSES};
-        InitCommonControlsEx(&controls);
+        InitCommonControlsForProgram();
         RegRemoveTree(HKEY_CURRENT_USER, kProduct);
         RegPutDword(HKEY_CURRENT_USER, kProduct, L"GoofyMode", 1);
         RegPutDword(HKEY_CURRENT_USER, kCalendar, L"dNumOfDays", 14);

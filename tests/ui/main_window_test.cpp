@@ -10,6 +10,7 @@
 #include "common/test_support.h"
 #include "settings/settings.h"
 #include "shell/app_state.h"
+#include "shell/application.h"
 #include "shell/display_scale.h"
 #include "shell/main_window.h"
 #include "shell/settings_page.h"
@@ -74,8 +75,7 @@ LPARAM BroadcastListener::lastL = 99;
 class MainWindow : public ::testing::Test {
 protected:
     void SetUp() override {
-        INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_BAR_CLASSES};
-        InitCommonControlsEx(&controls);
+        InitCommonControlsForProgram();
         RegRemoveTree(HKEY_CURRENT_USER, kProduct);
         g_app = AppState();
         g_app.instance = GetModuleHandleW(nullptr);

@@ -8,6 +8,7 @@
 
 #include "common/test_support.h"
 #include "shell/app_state.h"
+#include "shell/application.h"
 #include "shell/display_scale.h"
 #include "shell/icon_marker_strip.h"
 #include "shell/settings_page.h"
@@ -37,8 +38,7 @@ int OwnerWindow::closeRequests = 0;
 class PageFramework : public ::testing::Test {
 protected:
     void SetUp() override {
-        INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_BAR_CLASSES};
-        InitCommonControlsEx(&controls);
+        InitCommonControlsForProgram();
         g_app = AppState();
         g_app.instance = GetModuleHandleW(nullptr);
         g_app.pixelsPerInchX = g_app.pixelsPerInchY = 96;
