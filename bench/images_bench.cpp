@@ -56,15 +56,21 @@ void EncodeRow(std::string& out, const std::vector<Bgra>& row) {
     }
 }
 
-std::string RunLengthPicture(int side) {
+// The 18-byte header of a square 32-bit TGA picture.
+std::string TgaHeader(int side, char imageType, char descriptor) {
     std::string bytes(18, '\0');
-    bytes[2] = 10;
+    bytes[2] = imageType;
     bytes[12] = static_cast<char>(side & 0xFF);
     bytes[13] = static_cast<char>(side >> 8);
     bytes[14] = static_cast<char>(side & 0xFF);
     bytes[15] = static_cast<char>(side >> 8);
     bytes[16] = 32;
-    bytes[17] = 8;  // bottom row first, 8 alpha bits
+    bytes[17] = descriptor;
+    return bytes;
+}
+
+std::string RunLengthPicture(int side) {
+    std::string bytes = TgaHeader(side, 10, 8);  // run-length; bottom row first, 8 alpha bits
     std::vector<Bgra> row(static_cast<size_t>(side));
     for (int y = side - 1; y >= 0; --y) {
         for (int x = 0; x < side; ++x) row[x] = SkinPixel(x, y);
@@ -164,14 +170,7 @@ Bgra TranslucentPixel(int x, int y) {
 }
 
 void SetUpBlend(PixelSource pixelAt) {
-    std::string bytes(18, '\0');
-    bytes[2] = 2;
-    bytes[12] = static_cast<char>(kBlendSide & 0xFF);
-    bytes[13] = static_cast<char>(kBlendSide >> 8);
-    bytes[14] = static_cast<char>(kBlendSide & 0xFF);
-    bytes[15] = static_cast<char>(kBlendSide >> 8);
-    bytes[16] = 32;
-    bytes[17] = 0x10;  // top row first
+    std::string bytes = TgaHeader(kBlendSide, 2, 0x10);  // uncompressed; top row first
     g_premultiplied.create(kBlendSide);
     g_destination.create(kBlendSide);
     for (int y = 0; y < kBlendSide; ++y) {

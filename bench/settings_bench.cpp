@@ -15,23 +15,10 @@ namespace {
 const wchar_t kBaselinePath[] = L"Software\\Orvane\\QuilloryBenchBaseline";
 const int kPlugInTabs = 2;
 
-void RemoveTree(HKEY root, const wchar_t* path) {
-    HKEY key;
-    if (RegOpenKeyExW(root, path, 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) return;
-    wchar_t child[256];
-    for (;;) {
-        DWORD length = 256;
-        if (RegEnumKeyExW(key, 0, child, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
-        RemoveTree(root, (std::wstring(path) + L"\\" + child).c_str());
-    }
-    RegCloseKey(key);
-    RegDeleteKeyW(root, path);
-}
-
 void RemoveBenchKeys() {
-    RemoveTree(HKEY_CURRENT_USER, L"Software\\Orvane");
-    RemoveTree(HKEY_CURRENT_USER, L"Software\\WebIS");
-    RemoveTree(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Developer One, Inc.");
+    RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Orvane");
+    RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\WebIS");
+    RegDeleteTreeW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Developer One, Inc.");
 }
 
 void PutDword(HKEY key, const wchar_t* name, DWORD value) {
