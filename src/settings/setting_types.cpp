@@ -16,6 +16,18 @@ Setting::Setting(SettingGroup* group, unsigned keyIndex, const wchar_t* name, un
     if (group) group->add(this);
 }
 
+namespace {
+
+// Writes a dirty setting into `key`, or into its own key (created) when `key` is null.
+void SaveOnItsOwn(Setting& setting, HKEY key) {
+    if (setting.dirty != 1) return;
+    if (key) return setting.save(key);
+    RegKey own = OpenSettingKey(setting.keyIndex);
+    setting.save(own.get());
+}
+
+}  // namespace
+
 // ---- IntSetting -------------------------------------------------------------------------------
 
 IntSetting::IntSetting(SettingGroup* group, const wchar_t* name, DWORD defaultValue, unsigned flags)
@@ -47,12 +59,7 @@ void IntSetting::save(HKEY key) {
     WriteDwordOrDelete(key, valueName.c_str(), value, defaultValue);
 }
 
-void SaveInt(IntSetting& setting, HKEY key) {
-    if (setting.dirty != 1) return;
-    if (key) return setting.save(key);
-    RegKey own = OpenSettingKey(setting.keyIndex);
-    setting.save(own.get());
-}
+void SaveInt(IntSetting& setting, HKEY key) { SaveOnItsOwn(setting, key); }
 
 // ---- StringSetting ----------------------------------------------------------------------------
 
@@ -81,12 +88,7 @@ void StringSetting::save(HKEY key) {
     WriteStringOrDelete(key, valueName.c_str(), value.c_str(), defaultValue.c_str());
 }
 
-void SaveStringValue(StringSetting& setting, HKEY key) {
-    if (setting.dirty != 1) return;
-    if (key) return setting.save(key);
-    RegKey own = OpenSettingKey(setting.keyIndex);
-    setting.save(own.get());
-}
+void SaveStringValue(StringSetting& setting, HKEY key) { SaveOnItsOwn(setting, key); }
 
 // ---- BitSetSetting ----------------------------------------------------------------------------
 
