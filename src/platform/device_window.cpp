@@ -16,6 +16,16 @@ const wchar_t kCoversOwnerProperty[] = L"QLPlatform.CoversOwner";
 
 SIZE DeviceScreenSize() { return SIZE{ScaleForDisplay(240), ScaleForDisplayY(294)}; }
 
+SIZE DeviceSizedFrame(HWND window) {
+    SIZE screen = DeviceScreenSize();
+    RECT frame;
+    RECT client;
+    GetWindowRect(window, &frame);
+    GetClientRect(window, &client);
+    return SIZE{screen.cx + (frame.right - frame.left) - client.right,
+                screen.cy + (frame.bottom - frame.top) - client.bottom - MenuBarReserve(window)};
+}
+
 }  // namespace platform_detail
 
 using namespace platform_detail;
@@ -242,15 +252,8 @@ INT_PTR DeviceDialogBoxIndirectParam(HINSTANCE instance, DLGTEMPLATE* dialogTemp
 
 void SizeAsDevice(HWND window) {
     if (!IsWindow(window)) return;
-    SIZE screen = DeviceScreenSize();
-    RECT frame;
-    RECT client;
-    GetWindowRect(window, &frame);
-    GetClientRect(window, &client);
-    int extraWidth = (frame.right - frame.left) - client.right;
-    int extraHeight = (frame.bottom - frame.top) - client.bottom - MenuBarReserve(window);
-    SetWindowPos(window, nullptr, 0, 0, screen.cx + extraWidth, screen.cy + extraHeight,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SIZE size = DeviceSizedFrame(window);
+    SetWindowPos(window, nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 BOOL DeviceSetForegroundWindow(HWND handleWithLowBit) {

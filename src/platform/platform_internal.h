@@ -32,6 +32,8 @@ void PlaceOkControl(HWND window);
 
 // The device's screen below the title bar, in pixels: 240 x 294 design units.
 SIZE DeviceScreenSize();
+// The outer size that gives `window` a client area of the device's screen above its menu bar.
+SIZE DeviceSizedFrame(HWND window);
 // The most recent top-level device window without an owner that still exists, or 0.
 HWND DeviceMainWindow();
 // Sizes a dialog fitted by SHInitDialog over its area again.

@@ -26,13 +26,9 @@ bool ValidActivateInfo(const SHACTIVATEINFO* info) {
 
 // With nothing to cover, a device-sized window in the middle of the work area.
 RECT DefaultArea(HWND dialog) {
-    SIZE screen = DeviceScreenSize();
-    RECT frame;
-    RECT client;
-    GetWindowRect(dialog, &frame);
-    GetClientRect(dialog, &client);
-    int width = screen.cx + (frame.right - frame.left) - client.right;
-    int height = screen.cy + (frame.bottom - frame.top) - client.bottom - MenuBarReserve(dialog);
+    SIZE size = DeviceSizedFrame(dialog);
+    int width = size.cx;
+    int height = size.cy;
     RECT work;
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
     int x = work.left + ((work.right - work.left) - width) / 2;
