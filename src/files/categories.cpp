@@ -37,6 +37,13 @@ void QueryInto(HKEY key, const WString& name, DWORD& field) {
         field = value;
 }
 
+// One pass over the list, with the key opened for it: prefix + name read over each record's `field`.
+void QueryEach(CategoryList& categories, const wchar_t* prefix, DWORD CategoryRecord::*field) {
+    RegKey key = OpenSettingKey(kKeyCategories);
+    if (!key) return;
+    for (CategoryRecord* r = categories.head; r; r = r->next) QueryInto(key.get(), ValueName(prefix, *r), r->*field);
+}
+
 void LoadIcons(CategoryList& categories, const wchar_t* iconsFolder) {
     for (CategoryRecord* r = categories.head; r; r = r->next) {
         WString path(iconsFolder);
@@ -75,16 +82,8 @@ void LoadCategories() {
 
 void LoadCategoryLook(CategoryList& categories, const wchar_t* iconsFolder) {
     LoadIcons(categories, iconsFolder);
-    {
-        RegKey key = OpenSettingKey(kKeyCategories);
-        if (key)
-            for (CategoryRecord* r = categories.head; r; r = r->next)
-                QueryInto(key.get(), ValueName(kColourPrefix, *r), r->colour);
-    }
-    RegKey key = OpenSettingKey(kKeyCategories);
-    if (key)
-        for (CategoryRecord* r = categories.head; r; r = r->next)
-            QueryInto(key.get(), ValueName(kFilterPrefix, *r), r->filterMask);
+    QueryEach(categories, kColourPrefix, &CategoryRecord::colour);
+    QueryEach(categories, kFilterPrefix, &CategoryRecord::filterMask);
 }
 
 void SaveCategoryLook(const CategoryList& categories) {
