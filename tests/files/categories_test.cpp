@@ -24,15 +24,7 @@ std::string TinyBitmap() {
 }
 
 std::wstring Names(const CategoryList& list) {
-    std::wstring names;
-    const CategoryRecord* last = nullptr;
-    for (const CategoryRecord* r = list.head; r; r = r->next) {
-        EXPECT_EQ(r->previous, last);
-        last = r;
-        names += r->name.c_str();
-        names += L",";
-    }
-    return names;
+    return InListOrder(list, [](const CategoryRecord& r) { return r.name.c_str(); }, L",");
 }
 
 class CategoriesTest : public ::testing::Test {

@@ -7,6 +7,8 @@
 #include <string>
 #include <utility>
 
+#include <gtest/gtest.h>
+
 #include "files/categories.h"
 #include "files/filters.h"
 
@@ -31,6 +33,21 @@ inline FilterRecord* AddFilter(FilterList& list, int index, const wchar_t* title
     record->sensitivity = sensitivity;
     InsertFilter(list, record);
     return record;
+}
+
+// Each record's `text(record)` followed by `separator`, in list order; every backward link is
+// checked on the way.
+template <typename Record, typename Text>
+std::wstring InListOrder(const RecordList<Record>& list, Text text, const wchar_t* separator = L"") {
+    std::wstring texts;
+    const Record* last = nullptr;
+    for (const Record* r = list.head; r; r = r->next) {
+        EXPECT_EQ(r->previous, last);
+        last = r;
+        texts += text(*r);
+        texts += separator;
+    }
+    return texts;
 }
 
 // A registry value as read back: its type and raw bytes.

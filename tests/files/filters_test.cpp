@@ -149,14 +149,7 @@ TEST_F(FiltersTest, SortedInsertionKeepsEqualIndexesInArrivalOrder) {
     AddFilter(filters, 5, L"c");
     AddFilter(filters, 3, L"d");
     AddFilter(filters, 9, L"e");
-    std::wstring order;
-    const FilterRecord* last = nullptr;
-    for (const FilterRecord* r = filters.head; r; r = r->next) {
-        order += r->title.c_str();
-        EXPECT_EQ(r->previous, last);
-        last = r;
-    }
-    EXPECT_EQ(order, L"bdace");
+    EXPECT_EQ(InListOrder(filters, [](const FilterRecord& r) { return r.title.c_str(); }), L"bdace");
     EXPECT_EQ(filters.count, 5);
     EXPECT_STREQ(FindFilter(filters, 5)->title.c_str(), L"a");
 }
