@@ -21,9 +21,14 @@ for dpi in ${QL_SHOT_DPIS:-96 192}; do
     wineserver -k >/dev/null 2>&1 || true
     shots=$(mktemp -d)
     (cd "$prefix/drive_c" && wine "$QL_BIN/ql_screenshots.exe" "$(winepath -w "$shots")" "${dpi}dpi")
+    # The three file browser variants come from the browser's own test program.
+    (cd "$prefix/drive_c" && QL_SCREENSHOT_DIR=$shots wine "$QL_BIN/dialogs_browser_screenshots_test.exe" \
+        >/dev/null 2>&1) || ql_die "browser pictures failed"
     wineserver -k >/dev/null 2>&1 || true
     for bmp in "$shots"/*.bmp; do
-        convert "$bmp" "$out/$(basename "${bmp%.bmp}").png"
+        name=$(basename "${bmp%.bmp}")
+        case $name in [0-9]*dpi_*) ;; *) name=${dpi}dpi_$name ;; esac
+        convert "$bmp" "$out/$name.png"
     done
     rm -rf "$shots"
 done
