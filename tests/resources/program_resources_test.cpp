@@ -284,28 +284,28 @@ protected:
 };
 
 TEST_P(DisplayLibrary, StripsHaveTheSizeOfTheirImagesAtThisResolution) {
-    for (const ImageSpec& spec : kImages) {
-        Pixels pixels = ReadPixels(library_, spec.id);
-        EXPECT_EQ(pixels.width, spec.imageWidth * spec.images * scale_) << spec.id;
-        EXPECT_EQ(pixels.height, spec.imageHeight * scale_) << spec.id;
+    for (const ImageSpec& expected : kImages) {
+        Pixels pixels = ReadPixels(library_, expected.id);
+        EXPECT_EQ(pixels.width, expected.imageWidth * expected.images * scale_) << expected.id;
+        EXPECT_EQ(pixels.height, expected.imageHeight * scale_) << expected.id;
     }
 }
 
 TEST_P(DisplayLibrary, EveryImageIsDrawnOnItsMaskColourAndDiffersFromTheOthers) {
-    for (const ImageSpec& spec : kImages) {
-        SCOPED_TRACE(testing::Message() << "bitmap " << spec.id);
-        Pixels pixels = ReadPixels(library_, spec.id);
+    for (const ImageSpec& expected : kImages) {
+        SCOPED_TRACE(testing::Message() << "bitmap " << expected.id);
+        Pixels pixels = ReadPixels(library_, expected.id);
         ASSERT_FALSE(pixels.values.empty());
-        int w = spec.imageWidth * scale_;
-        int h = spec.imageHeight * scale_;
+        int w = expected.imageWidth * scale_;
+        int h = expected.imageHeight * scale_;
         std::vector<std::vector<COLORREF>> images;
-        for (int image = 0; image < spec.images; ++image) {
+        for (int image = 0; image < expected.images; ++image) {
             std::vector<COLORREF> own;
             int transparent = 0;
             for (int y = 0; y < h; ++y) {
                 for (int x = image * w; x < (image + 1) * w; ++x) {
                     own.push_back(pixels.at(x, y));
-                    if (pixels.at(x, y) == spec.mask) ++transparent;
+                    if (pixels.at(x, y) == expected.mask) ++transparent;
                 }
             }
             int total = w * h;
@@ -392,10 +392,10 @@ TEST(DisplayLibraries, HighResolutionImagesAreDrawnNotDoubled) {
     HMODULE high = LoadLibraryW((TestBinDir() + L"\\HighDpiRes.dll").c_str());
     ASSERT_NE(low, nullptr);
     ASSERT_NE(high, nullptr);
-    for (const ImageSpec& spec : kImages) {
-        Pixels small = ReadPixels(low, spec.id);
-        Pixels large = ReadPixels(high, spec.id);
-        ASSERT_EQ(large.width, small.width * 2) << spec.id;
+    for (const ImageSpec& expected : kImages) {
+        Pixels small = ReadPixels(low, expected.id);
+        Pixels large = ReadPixels(high, expected.id);
+        ASSERT_EQ(large.width, small.width * 2) << expected.id;
         // A 2 x 2 block of the large image that is not one colour holds detail of its own.
         int detailed = 0, doubled = 0;
         for (int y = 0; y < small.height; ++y) {
@@ -407,8 +407,8 @@ TEST(DisplayLibraries, HighResolutionImagesAreDrawnNotDoubled) {
                 if (uniform && c == small.at(x, y)) ++doubled;
             }
         }
-        EXPECT_GT(detailed, small.width * small.height / 20) << spec.id;
-        EXPECT_LT(doubled, small.width * small.height) << spec.id;
+        EXPECT_GT(detailed, small.width * small.height / 20) << expected.id;
+        EXPECT_LT(doubled, small.width * small.height) << expected.id;
     }
     FreeLibrary(low);
     FreeLibrary(high);
