@@ -17,7 +17,6 @@ struct Received {
     std::vector<LPARAM> commandSources;
     int moves = 0;
     int sizes = 0;
-    int activations = 0;
 };
 
 inline Received& ReceivedBy(HWND window) {
@@ -144,26 +143,19 @@ public:
     HINSTANCE module() const { return module_; }
 
 private:
-    static void Text(std::vector<WORD>* words, const wchar_t* text) {
-        for (; *text; ++text) words->push_back(*text);
-        words->push_back(0);
-    }
+    // A pop-up entry (MF_POPUP in `flags`) has no command id.
     static void Item(std::vector<WORD>* words, WORD flags, WORD id, const wchar_t* text) {
         words->push_back(flags);
-        words->push_back(id);
-        Text(words, text);
-    }
-    static void Popup(std::vector<WORD>* words, WORD flags, const wchar_t* text) {
-        words->push_back(flags | MF_POPUP);
-        Text(words, text);
+        if (!(flags & MF_POPUP)) words->push_back(id);
+        words->insert(words->end(), text, text + wcslen(text) + 1);
     }
     static std::vector<WORD> MenuTemplate() {
         std::vector<WORD> words = {0, 0};
-        Popup(&words, 0, L"Edit");
+        Item(&words, MF_POPUP, 0, L"Edit");
         Item(&words, 0, 101, L"Cut");
         Item(&words, MF_END, 102, L"Copy");
         Item(&words, 0, 300, L"Go");
-        Popup(&words, MF_END, L"Tools");
+        Item(&words, MF_POPUP | MF_END, 0, L"Tools");
         for (WORD i = 1; i <= 7; ++i) {
             wchar_t text[16];
             wsprintfW(text, L"Tool %d", i);
