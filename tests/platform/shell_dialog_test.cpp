@@ -194,11 +194,9 @@ TEST(SHHandleWMActivate, RemembersTheFocusOnDeactivationAndRestoresIt) {
     SetFocus(second);
     EXPECT_TRUE(SHHandleWMActivate(window, WA_INACTIVE, 0, &info, 0));
     EXPECT_EQ(info.hwndLastFocus, second);
-    EXPECT_EQ(info.fActive, 0u);
     SetFocus(first);
     EXPECT_TRUE(SHHandleWMActivate(window, WA_ACTIVE, 0, &info, 0));
     EXPECT_EQ(GetFocus(), second);
-    EXPECT_EQ(info.fActive, 1u);
 
     // Focus outside the window is not remembered; a minimised activation restores nothing.
     SetFocus(window);
@@ -257,7 +255,7 @@ TEST(SHHandleWMActivate, FocusComesBackAfterAnotherWindowWasActive) {
     HWND window = CreateWindowExW(0, TestWindowClass(L"QLPlatformActivating", ActivatingProc), L"",
                                   WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50, 50, 300, 200, nullptr, nullptr,
                                   GetModuleHandleW(nullptr), nullptr);
-    HWND first = CreateWindowExW(0, L"edit", L"", WS_CHILD | WS_VISIBLE, 10, 10, 100, 20, window, nullptr, nullptr, nullptr);
+    CreateWindowExW(0, L"edit", L"", WS_CHILD | WS_VISIBLE, 10, 10, 100, 20, window, nullptr, nullptr, nullptr);
     HWND second = CreateWindowExW(0, L"edit", L"", WS_CHILD | WS_VISIBLE, 10, 40, 100, 20, window, nullptr, nullptr, nullptr);
     SetForegroundWindow(window);
     SetFocus(second);
@@ -267,7 +265,6 @@ TEST(SHHandleWMActivate, FocusComesBackAfterAnotherWindowWasActive) {
     SetForegroundWindow(window);
     PumpMessages();
     EXPECT_EQ(GetFocus(), second);
-    EXPECT_NE(GetFocus(), first);
     DestroyWindow(other);
     DestroyWindow(window);
 }
@@ -298,13 +295,6 @@ TEST(SHHandleWMSettingChange, InputPanelChangesAreNotedAndFittedDialogsKeepTheir
     EXPECT_FALSE(SHHandleWMSettingChange(main, SPI_SETSIPINFO, 0, nullptr));
     DestroyWindow(dialog);
     DestroyWindow(main);
-}
-
-TEST(SipShowIM, KeepsTheLastRequestedState) {
-    EXPECT_TRUE(SipShowIM(SIPF_ON | SIPF_DOCKED));
-    EXPECT_EQ(SipShownFlags(), SIPF_ON | SIPF_DOCKED);
-    EXPECT_TRUE(SipShowIM(SIPF_OFF));
-    EXPECT_EQ(SipShownFlags(), SIPF_OFF);
 }
 
 }  // namespace
