@@ -258,23 +258,12 @@ TEST_F(MenuBarTest, BarJoinsBelowTheClientAreaAndStaysDockedThroughResizes) {
               MA_NOACTIVATE);
 }
 
-TEST_F(MenuBarTest, HiddenBarTakesNoRoomAndAcceptsTheDesktopStructureSize) {
+TEST_F(MenuBarTest, HiddenBarTakesNoRoomAndBadRequestsLeaveTheParentAlone) {
     RECT before = WindowRect(parent_);
     HWND hidden = CreateBar(parent_, SHCMBF_EMPTYBAR | SHCMBF_HIDDEN, nullptr, 0, sizeof(SHMENUBARINFO));
     ASSERT_NE(hidden, nullptr);
     EXPECT_FALSE(IsWindowVisible(hidden));
-    RECT after = WindowRect(parent_);
-    EXPECT_TRUE(EqualRect(&before, &after));
 
-    // A second bar replaces the first.
-    HWND shown = CreateBar(parent_, SHCMBF_EMPTYBAR);
-    ASSERT_NE(shown, nullptr);
-    EXPECT_FALSE(IsWindow(hidden));
-    EXPECT_EQ(Height(WindowRect(parent_)), Height(before) + ScaleForDisplayY(26));
-}
-
-TEST_F(MenuBarTest, RefusesBadRequestsWithoutTouchingTheParent) {
-    RECT before = WindowRect(parent_);
     SHMENUBARINFO info = {};
     EXPECT_FALSE(SHCreateMenuBar(nullptr));
     info.cbSize = 12;
@@ -288,7 +277,11 @@ TEST_F(MenuBarTest, RefusesBadRequestsWithoutTouchingTheParent) {
     EXPECT_EQ(CreateBar(parent_, SHCMBF_HMENU, nullptr, kTestMenuId), nullptr) << "the menu is not in the program";
     RECT after = WindowRect(parent_);
     EXPECT_TRUE(EqualRect(&before, &after));
-    EXPECT_EQ(GetWindow(parent_, GW_ENABLEDPOPUP), nullptr);
+
+    // A second bar replaces the first.
+    ASSERT_NE(CreateBar(parent_, SHCMBF_EMPTYBAR), nullptr);
+    EXPECT_FALSE(IsWindow(hidden));
+    EXPECT_EQ(Height(WindowRect(parent_)), Height(before) + ScaleForDisplayY(26));
 }
 
 TEST_F(MenuBarTest, DestroyingTheBarGivesBackTheStripAndDestroyingTheParentTakesTheBar) {
@@ -306,20 +299,19 @@ TEST_F(MenuBarTest, DestroyingTheBarGivesBackTheStripAndDestroyingTheParentTakes
     GetClientRect(parent_, &client);
     EXPECT_TRUE(EqualRect(&frame, &frameBefore));
     EXPECT_TRUE(EqualRect(&client, &clientBefore));
+
+    // A bar on a child window docks below it and goes with it, as it goes with the parent.
+    HWND child = CreateWindowExW(0, RecordingClass(), L"", WS_CHILD | WS_VISIBLE, 10, 10, 200, 100, parent_, nullptr,
+                                 GetModuleHandleW(nullptr), nullptr);
+    HWND childBar = CreateBar(child, SHCMBF_EMPTYBAR);
+    ASSERT_NE(childBar, nullptr);
+    EXPECT_TRUE(Docked(childBar, child));
+    DestroyWindow(child);
+    EXPECT_FALSE(IsWindow(childBar));
     HWND second = CreateBar(parent_, SHCMBF_HMENU, library_.module(), kTestMenuId);
     ASSERT_NE(second, nullptr);
     DestroyWindow(parent_);
     EXPECT_FALSE(IsWindow(second));
-}
-
-TEST_F(MenuBarTest, BarOnAChildWindowGoesWithIt) {
-    HWND child = CreateWindowExW(0, RecordingClass(), L"", WS_CHILD | WS_VISIBLE, 10, 10, 200, 100, parent_, nullptr,
-                                 GetModuleHandleW(nullptr), nullptr);
-    HWND bar = CreateBar(child, SHCMBF_EMPTYBAR);
-    ASSERT_NE(bar, nullptr);
-    EXPECT_TRUE(Docked(bar, child));
-    DestroyWindow(child);
-    EXPECT_FALSE(IsWindow(bar));
 }
 
 // Giving a window the focus makes Wine raise its X window above all others, its owned bar too;
