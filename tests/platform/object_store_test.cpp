@@ -129,24 +129,6 @@ TEST(ObjectStore, AutoIncrementReadsEachRecordOnceThenReportsTheEnd) {
     CloseHandle(database);
 }
 
-TEST(ObjectStore, OneLocalAllocBlockHoldsTheValuesAndTheirStrings) {
-    Store store;
-    store.write(L"\\Categories Database", "4001001F=Key Customer\t40020002=7\n");
-    HANDLE database = Open(L"\\Categories Database");
-    Read read;
-    ReadRecord(database, {kNumber, kName}, &read);
-    ASSERT_NE(read.oid, 0u);
-    ASSERT_NE(read.buffer, nullptr);
-    EXPECT_GE(LocalSize(read.buffer), read.size);
-    const BYTE* text = reinterpret_cast<const BYTE*>(read[1].val.lpwstr);
-    EXPECT_GE(text, read.buffer + 2 * sizeof(CEPROPVAL)) << "after the value array";
-    EXPECT_LE(text + sizeof L"Key Customer", read.buffer + read.size) << "inside the block";
-    EXPECT_STREQ(read[1].val.lpwstr, L"Key Customer");
-    EXPECT_EQ(LocalFree(read.buffer), nullptr) << "one LocalFree releases it";
-    read.buffer = nullptr;
-    CloseHandle(database);
-}
-
 TEST(ObjectStore, MissingPropertiesAreFlaggedAndStoredTypesAreReported) {
     Store store;
     store.write(L"\\Categories Database",
@@ -210,7 +192,9 @@ TEST(ObjectStore, BuffersAreGrownOnlyWhenAllowedAndAFailedReadDoesNotMoveOn) {
     CloseHandle(database);
 }
 
-TEST(ObjectStore, EveryTypeReadsBackWithAllPropertiesWhenNoneAreNamed) {
+// All properties come back when none are named, in one LocalAlloc block that also holds the texts
+// and blobs: one LocalFree releases it.
+TEST(ObjectStore, EveryTypeReadsBackInOneBlockWithAllPropertiesWhenNoneAreNamed) {
     Store store;
     store.write(L"\\All Types",
                 "00010002=-5\t00020012=65535\t00030003=-2147483648\t00040013=0xFFFFFFFF\t0005000B=7\t"
@@ -229,8 +213,13 @@ TEST(ObjectStore, EveryTypeReadsBackWithAllPropertiesWhenNoneAreNamed) {
     EXPECT_EQ(read[6].val.filetime.dwLowDateTime, 0x12345678u);
     ASSERT_EQ(read[7].val.blob.dwCount, 3u);
     EXPECT_EQ(memcmp(read[7].val.blob.lpb, "\x00\xFF\x10", 3), 0);
-    EXPECT_GE(read[7].val.blob.lpb, read.buffer + 9 * sizeof(CEPROPVAL));
+    EXPECT_GE(read[7].val.blob.lpb, read.buffer + 9 * sizeof(CEPROPVAL)) << "after the value array";
     EXPECT_STREQ(read[8].val.lpwstr, L"a\tb\\c\n");
+    const BYTE* text = reinterpret_cast<const BYTE*>(read[8].val.lpwstr);
+    EXPECT_TRUE(text >= read.buffer + 9 * sizeof(CEPROPVAL) && text + 14 <= read.buffer + read.size);
+    EXPECT_GE(LocalSize(read.buffer), read.size);
+    EXPECT_EQ(LocalFree(read.buffer), nullptr);
+    read.buffer = nullptr;
     CloseHandle(database);
 }
 
