@@ -30,6 +30,8 @@ const WORD kOverrideNotify = 0x2;
 // Item numbers live in 16 bits beside the folder bit; a longer listing is cut there.
 const int kMaxEntries = 0x10000;
 const wchar_t kIllegalNameCharacters[] = L"/:*?\"<>|";
+// Files of these types carry their own icon.
+const wchar_t* const kOwnIconExtensions[] = {L"exe", L"ico", L"lnk", L"cur", L"ani"};
 
 const wchar_t* TextOr(const WString& text, const wchar_t* fallback) {
     return text.empty() ? fallback : text.c_str();
@@ -268,9 +270,18 @@ void FileBrowserDialog::OnLButtonDown(int x, int y) {
 }
 
 bool FileBrowserDialog::OnNotify(const NMHDR* header) {
-    if (!header || header->hwndFrom != list_ || header->code != LVN_ITEMACTIVATE) return false;
-    ActivateItem();
-    return true;
+    if (!header || header->hwndFrom != list_) return false;
+    switch (header->code) {
+    case LVN_ITEMACTIVATE:
+        ActivateItem();
+        return true;
+    case LVN_DELETEALLITEMS:
+        // No notification per deleted item: refilling a long list stays quick.
+        SetWindowLongPtrW(window_, DWLP_MSGRESULT, TRUE);
+        return true;
+    default:
+        return false;
+    }
 }
 
 bool FileBrowserDialog::OnCommand(WPARAM wParam, LPARAM lParam) {
@@ -318,7 +329,30 @@ HWND FileBrowserDialog::AddLabeledField(HWND window, const WString& label, const
     return field;
 }
 
-int FileBrowserDialog::AddSmallIcon(const wchar_t* name) {
+// The shell shows every folder, and every file of an ordinary type, with the icon of its kind:
+// that icon is fetched once per fill and shared. Files that carry their own icon are asked for
+// one by one.
+int FileBrowserDialog::SmallIconFor(const wchar_t* name, DWORD attributes) {
+    if (attributes & FILE_ATTRIBUTE_DIRECTORY) {
+        if (folderIcon_ == kNoIconYet) folderIcon_ = AddShellIcon(name, attributes, true);
+        return folderIcon_;
+    }
+    const wchar_t* dot = wcsrchr(name, L'.');
+    const wchar_t* extension = dot ? dot + 1 : L"";
+    for (const wchar_t* own : kOwnIconExtensions) {
+        if (_wcsicmp(extension, own) == 0) return AddShellIcon(name, attributes, false);
+    }
+    for (const TypeIcon& known : typeIcons_) {
+        if (_wcsicmp(known.extension.c_str(), extension) == 0) return known.image;
+    }
+    TypeIcon added;
+    added.extension.assign(extension);
+    added.image = AddShellIcon(name, attributes, true);
+    typeIcons_.push_back(added);
+    return added.image;
+}
+
+int FileBrowserDialog::AddShellIcon(const wchar_t* name, DWORD attributes, bool byTypeOnly) {
     WString path(currentFolder_);
     path.append(name);
     // A folder given from the root of the current drive (\My Documents\) is made absolute
@@ -326,8 +360,9 @@ int FileBrowserDialog::AddSmallIcon(const wchar_t* name) {
     wchar_t fullPath[MAX_PATH];
     DWORD length = GetFullPathNameW(path.c_str(), MAX_PATH, fullPath, nullptr);
     const wchar_t* shellPath = length > 0 && length < MAX_PATH ? fullPath : path.c_str();
+    UINT flags = SHGFI_ICON | SHGFI_SMALLICON | (byTypeOnly ? SHGFI_USEFILEATTRIBUTES : 0);
     SHFILEINFOW info = {};
-    if (!SHGetFileInfoW(shellPath, 0, &info, sizeof info, SHGFI_ICON | SHGFI_SMALLICON) || !info.hIcon) return -1;
+    if (!SHGetFileInfoW(shellPath, attributes, &info, sizeof info, flags) || !info.hIcon) return -1;
     int image = ImageList_AddIcon(smallIcons_, info.hIcon);
     DestroyIcon(info.hIcon);
     return image;
@@ -348,7 +383,7 @@ int FileBrowserDialog::AddEntries(HWND shadow) {
         item.mask = LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM;
         item.iItem = count;
         item.pszText = entry.cFileName;
-        item.iImage = AddSmallIcon(entry.cFileName);
+        item.iImage = SmallIconFor(entry.cFileName, entry.dwFileAttributes);
         item.lParam = count | (isFolder ? kFolderBit : 0);
         ListView_InsertItem(list_, &item);
         item.mask = LVIF_TEXT;
@@ -364,12 +399,18 @@ void FileBrowserDialog::FillList() {
     SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
     ListView_DeleteAllItems(list_);
     ImageList_RemoveAll(smallIcons_);
+    typeIcons_.clear();
+    folderIcon_ = kNoIconYet;
 
-    HWND shadow = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | LVS_LIST, 0, 0, 0, 0, window_, nullptr,
-                                  instance_, nullptr);
+    // The shadow list hangs below a hidden message-only window, so that its notifications (one per
+    // item inserted or deleted) do not pass through the dialog.
+    HWND shadowHost = CreateWindowExW(0, L"static", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, instance_, nullptr);
+    HWND shadow = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | LVS_REPORT | LVS_NOCOLUMNHEADER, 0, 0, 0, 0,
+                                  shadowHost, nullptr, instance_, nullptr);
+    SendMessageW(shadow, WM_SETREDRAW, FALSE, 0);
     AddEntries(shadow);
     ListView_SortItems(list_, CompareEntries, reinterpret_cast<LPARAM>(shadow));
-    DestroyWindow(shadow);
+    DestroyWindow(shadowHost);
 
     RECT listClient;
     GetClientRect(list_, &listClient);

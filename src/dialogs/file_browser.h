@@ -4,6 +4,8 @@
 // confirmed in any of them is where the next one opens.
 #include <windows.h>
 
+#include <vector>
+
 #include "dialogs/dialog_base.h"
 #include "support/handles.h"
 #include "support/wide_string.h"
@@ -113,8 +115,19 @@ protected:
     Bitmap upBitmap_;
 
 private:
+    // An icon already in the image list, for the files of one extension.
+    struct TypeIcon {
+        WString extension;
+        int image;
+    };
+
     int AddEntries(HWND shadow);
-    int AddSmallIcon(const wchar_t* name);
+    int SmallIconFor(const wchar_t* name, DWORD attributes);
+    int AddShellIcon(const wchar_t* name, DWORD attributes, bool byTypeOnly);
+
+    std::vector<TypeIcon> typeIcons_;
+    int folderIcon_ = kNoIconYet;
+    static const int kNoIconYet = -2;
     void PlaceRow(HWND label, HWND field, int width, int* y);
 };
 
