@@ -1,14 +1,14 @@
 // Filling the file browser for a folder of 10,000 entries (2,500 folders, 7,500 matching files,
 // created in shuffled order) beside the raw work it rests on: FindFirstFileW enumeration and
-// LVM_INSERTITEMW of the same entries into a plain list view. The browser also fetches a shell
-// icon per entry and sorts with texts read back from its shadow list; the extra cases time the
-// sort alone and what an uncached icon per entry would cost.
+// LVM_INSERTITEMW of the same entries into a plain list view. The browser also gives each entry a
+// shell icon (one per kind, cached) and sorts with texts read back from its shadow list, and its
+// list reports every insertion to the dialog. The extra cases time the sort part alone and what a
+// message to the dialog costs.
 #include <windows.h>
 #include <commctrl.h>
-#include <shellapi.h>
 
 #include <algorithm>
-#include <cstdio>
+#include <cwchar>
 #include <random>
 #include <string>
 #include <vector>
@@ -146,26 +146,6 @@ BenchRegistration g_fill({"browser fill, 10,000 entries", "FindFirstFileW + LVM_
                           },
                           RawEnumerateAndInsert, TearDown, 3});
 
-// What the browser avoids: one shell icon per entry (fetched by full path and added to the image
-// list), beside the same baseline. The browser fetches one icon per folder kind and file type.
-BenchRegistration g_icons({"shell icons uncached, 10,000 (browser avoids)", "FindFirstFileW + LVM_INSERTITEMW",
-                           SetUp,
-                           [] {
-                               HIMAGELIST images = ImageList_Create(16, 16, ILC_COLOR32 | ILC_MASK, 0, 1000);
-                               for (const std::wstring& name : g_names) {
-                                   SHFILEINFOW info = {};
-                                   SHGetFileInfoW((g_folder + name).c_str(), 0, &info, sizeof info,
-                                                  SHGFI_ICON | SHGFI_SMALLICON);
-                                   if (info.hIcon) {
-                                       ImageList_AddIcon(images, info.hIcon);
-                                       DestroyIcon(info.hIcon);
-                                   }
-                               }
-                               BenchKeep(ImageList_GetImageCount(images));
-                               ImageList_Destroy(images);
-                           },
-                           RawEnumerateAndInsert, TearDown, 1});
-
 int CALLBACK CompareThroughShadow(LPARAM first, LPARAM second, LPARAM shadow) {
     bool firstIsFolder = (first & FileBrowserDialog::kFolderBit) != 0;
     bool secondIsFolder = (second & FileBrowserDialog::kFolderBit) != 0;
@@ -190,5 +170,34 @@ BenchRegistration g_sort({"browser part: raw fill + shadow-list sort", "FindFirs
                               DestroyWindow(shadow);
                           },
                           RawEnumerateAndInsert, TearDown, 3});
+
+// Every list insertion is reported to the dialog; this is what such a message costs there, beside
+// the same message to a dialog of the bare dialog base (no menu bar, no OK control).
+DialogBase g_bareDialog(nullptr, false);
+HWND g_bareWindow = nullptr;
+
+BenchRegistration g_messages({"browser dialog: 10,000 messages", "10,000 messages to a bare dialog",
+                              [] {
+                                  SetUp();
+                                  struct {
+                                      DLGTEMPLATE header;
+                                      WORD menu, windowClass, title;
+                                  } dialogTemplate = {};
+                                  dialogTemplate.header.style = WS_POPUP | WS_CAPTION;
+                                  g_bareWindow = CreateDialogIndirectParamW(
+                                      g_app.instance, &dialogTemplate.header, nullptr, BrowserProc,
+                                      reinterpret_cast<LPARAM>(&g_bareDialog));
+                              },
+                              [] {
+                                  for (int i = 0; i < 10000; ++i) SendMessageW(g_browserWindow, WM_NULL, 0, 0);
+                              },
+                              [] {
+                                  for (int i = 0; i < 10000; ++i) SendMessageW(g_bareWindow, WM_NULL, 0, 0);
+                              },
+                              [] {
+                                  DestroyWindow(g_bareWindow);
+                                  TearDown();
+                              },
+                              3});
 
 }  // namespace
