@@ -41,16 +41,36 @@ protected:
 
 std::wstring Slash(const std::wstring& folder) { return folder + L"\\"; }
 
+// Every item shows a shell icon; all folders share one, so do all files of one type, and the
+// image list holds nothing else.
+void ExpectOneIconPerKind(HWND list) {
+    int folderImage = -1;
+    int fileImage = -1;
+    for (int i = 0; i < ListView_GetItemCount(list); ++i) {
+        LVITEMW item = {};
+        item.mask = LVIF_IMAGE | LVIF_PARAM;
+        item.iItem = i;
+        ListView_GetItem(list, &item);
+        EXPECT_GE(item.iImage, 0) << "item " << i;
+        int& shared = (item.lParam & FileBrowserDialog::kFolderBit) ? folderImage : fileImage;
+        if (shared < 0) shared = item.iImage;
+        EXPECT_EQ(item.iImage, shared) << "item " << i;
+    }
+    if (folderImage >= 0 && fileImage >= 0) EXPECT_NE(folderImage, fileImage);
+    int kinds = (folderImage >= 0) + (fileImage >= 0);
+    EXPECT_EQ(ImageList_GetImageCount(ListView_GetImageList(list, LVSIL_SMALL)), kinds);
+}
+
 }  // namespace
 
 TEST_F(FileBrowserTest, ListsFoldersFirstThenFilesEndingInTheExtension) {
     ScratchFolder root(L"browser_order");
     std::wstring longName(200, L'm');
-    for (const wchar_t* folder : {L"beta", L"Alpha", L"zed", L"Cargo.qlsb", longName.c_str()})
+    for (const wchar_t* folder : {L"beta", L"Alpha", L"zed", L"Cargo.qlsb", longName.c_str(), L"\u00C4rger"})
         MakeFolder(root.file(folder));
     for (const wchar_t* file : {L"b.qlsb", L"A.qlsb", L"data.QLSB", L"notes.txt", L"c.qlsb.txt", L"C.qlsb"})
         MakeFile(root.file(file));
-    Texts folders = {L"Alpha", L"beta", L"Cargo.qlsb", longName, L"zed"};
+    Texts folders = {L"Alpha", L"\u00C4rger", L"beta", L"Cargo.qlsb", longName, L"zed"};
     Texts withFiles = folders;
     for (const wchar_t* file : {L"A.qlsb", L"b.qlsb", L"C.qlsb"}) withFiles.push_back(file);
 
@@ -78,6 +98,7 @@ TEST_F(FileBrowserTest, ListsFoldersFirstThenFilesEndingInTheExtension) {
                 EXPECT_EQ(WindowText(browser.extension), L"QL Settings Backup (qlsb)");
             }
             EXPECT_EQ(GetFocus(), c.kind == BrowserKind::SaveFile ? browser.name : browser.list);
+            ExpectOneIconPerKind(browser.list);
             PressCancel(browser.dialog);
             return true;
         });
@@ -123,6 +144,7 @@ TEST_F(FileBrowserTest, EnteringAFolderAndGoingUpLeavesTheFolderSelected) {
             TapUpFolder(browser);
             EXPECT_EQ(WindowText(browser.path), Slash(root.path()));
             EXPECT_EQ(ListTexts(browser.list), (Texts{L"Archive", L"Backups", L"Other"}));
+            ExpectOneIconPerKind(browser.list);  // each fill starts a new image list
             EXPECT_EQ(SelectedText(browser.list), L"Backups");
             PressCancel(browser.dialog);
             return true;
