@@ -247,7 +247,6 @@ void FileBrowserDialog::Layout(HWND window, int width, int height) {
 
 BOOL FileBrowserDialog::OnInitDialog(HWND window) {
     window_ = window;
-    SetBrowserLastFolder(BrowserLastFolder().c_str());
     currentFolder_ = BrowserLastFolder();
     if (HINSTANCE images = ImageInstance())
         upBitmap_.reset(LoadBitmapW(images, MAKEINTRESOURCEW(request_->upFolderImageId)));
