@@ -13,6 +13,7 @@
 #include "dialogs/file_browser.h"
 #include "modal_script.h"
 #include "shell/app_state.h"
+#include "shell/display_scale.h"
 
 namespace {
 
@@ -99,7 +100,9 @@ TEST(BrowserScreenshots, ThreeVariants) {
 
     g_app.instance = GetModuleHandleW(nullptr);
     g_app.languageLibrary = LoadLibraryW((TestBinDir() + L"\\QLEngRc.dll").c_str());
-    g_app.displayLibrary = LoadLibraryW((TestBinDir() + L"\\LowDpiRes.dll").c_str());
+    SetVgaMode(false);  // reads the screen's pixels per inch
+    const wchar_t* display = ScaleForDisplay(1) > 1 ? L"\\HighDpiRes.dll" : L"\\LowDpiRes.dll";
+    g_app.displayLibrary = LoadLibraryW((TestBinDir() + display).c_str());
 
     // A device-like folder on the current drive, so that the path field reads "\My Documents\".
     const std::wstring root = L"\\My Documents";
