@@ -70,3 +70,19 @@ inline void PressBack(HWND dialog) { SendMessageW(dialog, WM_HOTKEY, 0, MAKELPAR
 // Commands are posted: OK may open a message box, whose loop must not run inside a step.
 inline void PressOk(HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDOK, 0); }
 inline void PressCancel(HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0); }
+
+// Runs the browser the request names while `act` works on it once it is up; returns what the
+// browser returned.
+inline bool BrowseOnce(BrowserRequest* request, const wchar_t* title,
+                       const std::function<void(const BrowserWindows&)>& act) {
+    ModalScript script;
+    script.Then([&] {
+        BrowserWindows browser = FindBrowser(title);
+        if (!browser.dialog) return false;
+        act(browser);
+        return true;
+    });
+    bool confirmed = false;
+    script.Play([&] { confirmed = RunFileBrowser(request); });
+    return confirmed;
+}

@@ -395,33 +395,22 @@ TEST_F(FileBrowserTest, SelectFolderReturnsTheFolderWhereTheNextBrowserOpens) {
     SetBrowserLastFolder(root.path().c_str());
     BrowserRequest request = Request(BrowserKind::SelectFolder);
     request.title.assign(L"Select Skin Path");
-    ModalScript script;
-    script.Then([&] {
-        BrowserWindows browser = FindBrowser(L"Select Skin Path");
-        if (!browser.dialog) return false;
+    bool confirmed = BrowseOnce(&request, L"Select Skin Path", [&](const BrowserWindows& browser) {
         ActivateItem(browser.list, L"Skins");
         EXPECT_TRUE(ListTexts(browser.list).empty()) << "files are not offered";
         PressOk(browser.dialog);
-        return true;
     });
-    bool confirmed = false;
-    script.Play([&] { confirmed = RunFileBrowser(&request); });
     EXPECT_TRUE(confirmed);
     std::wstring skins = Slash(root.file(L"Skins"));
     EXPECT_EQ(std::wstring(request.result.c_str()), skins);
     EXPECT_EQ(std::wstring(BrowserLastFolder().c_str()), skins);
 
     BrowserRequest next = Request(BrowserKind::LoadFile);
-    ModalScript again;
-    again.Then([&] {
-        BrowserWindows browser = FindBrowser(L"Load File");
-        if (!browser.dialog) return false;
+    BrowseOnce(&next, L"Load File", [&](const BrowserWindows& browser) {
         EXPECT_EQ(WindowText(browser.path), skins);
         EXPECT_EQ(ListTexts(browser.list), Texts{L"s.qlsb"});
         PressCancel(browser.dialog);
-        return true;
     });
-    again.Play([&] { RunFileBrowser(&next); });
 }
 
 TEST_F(FileBrowserTest, AnUnlistableFolderGivesAnEmptyListAndNoMessage) {
