@@ -51,6 +51,20 @@ BenchRegistration::BenchRegistration(BenchCase benchCase) { Cases().push_back(st
 
 void BenchKeep(long long value) { g_sink = g_sink + value; }
 
+void BenchCheck(bool done, const char* what) {
+    if (done) return;
+    printf("BENCH CHECK FAILED: %s\n", what);
+    fflush(stdout);
+    ExitProcess(2);
+}
+
+void BenchCheckCount(long long actual, long long expected, const char* what) {
+    if (actual == expected) return;
+    printf("BENCH CHECK FAILED: %s: %lld, expected %lld\n", what, actual, expected);
+    fflush(stdout);
+    ExitProcess(2);
+}
+
 int RunBenchmarks(const wchar_t* filter) {
     printf("%-44s %12s %12s %8s\n", "case (baseline)", "ms", "baseline ms", "ratio");
     for (const BenchCase& c : Cases()) {

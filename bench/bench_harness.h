@@ -23,3 +23,9 @@ int RunBenchmarks(const wchar_t* filter);
 
 // Keeps a value alive so the optimiser cannot drop the work that made it.
 void BenchKeep(long long value);
+
+// Every case checks that it did the work it names (items listed, values read, bytes written).
+// A failed check prints what was expected and ends the run with exit code 2: a figure for work
+// that was not done is worse than none.
+void BenchCheck(bool done, const char* what);
+void BenchCheckCount(long long actual, long long expected, const char* what);

@@ -15,7 +15,7 @@
 
 #include "bench_harness.h"
 #include "dialogs/file_browser.h"
-#include "shell/app_state.h"
+#include "support/app_state.h"
 
 namespace {
 

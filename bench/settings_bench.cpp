@@ -8,7 +8,7 @@
 
 #include "bench_harness.h"
 #include "settings/settings.h"
-#include "shell/app_state.h"
+#include "support/app_state.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <commctrl.h>
 
 #include "bench_harness.h"
-#include "shell/app_state.h"
+#include "support/app_state.h"
 #include "shell/application.h"
 #include "shell/main_window.h"
 

@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "platform/device_window.h"
-#include "shell/display_scale.h"
+#include "support/display_scale.h"
 
 namespace {
 

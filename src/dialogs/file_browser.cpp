@@ -6,8 +6,8 @@
 #include <cwchar>
 #include <vector>
 
-#include "shell/app_state.h"
-#include "shell/display_scale.h"
+#include "support/app_state.h"
+#include "support/display_scale.h"
 #include "string_ids.h"
 
 namespace {

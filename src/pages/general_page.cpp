@@ -4,8 +4,8 @@
 
 #include "dialogs/file_browser.h"
 #include "settings/settings.h"
-#include "shell/app_state.h"
-#include "shell/display_scale.h"
+#include "support/app_state.h"
+#include "support/display_scale.h"
 #include "support/handles.h"
 
 namespace {

@@ -6,7 +6,7 @@
 
 #include "platform/device_window.h"
 #include "platform/platform_internal.h"
-#include "shell/display_scale.h"
+#include "support/display_scale.h"
 
 namespace platform_detail {
 

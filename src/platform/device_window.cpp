@@ -8,7 +8,7 @@
 
 #include "platform/platform_internal.h"
 #include "platform/shell.h"
-#include "shell/display_scale.h"
+#include "support/display_scale.h"
 
 namespace platform_detail {
 

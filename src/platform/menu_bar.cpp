@@ -19,7 +19,7 @@
 #include <vector>
 
 #include "platform/platform_internal.h"
-#include "shell/display_scale.h"
+#include "support/display_scale.h"
 
 namespace platform_detail {
 

@@ -5,7 +5,7 @@
 
 #include "settings/registry_values.h"
 #include "settings/settings.h"
-#include "shell/app_state.h"
+#include "support/app_state.h"
 #include "support/handles.h"
 
 namespace {

@@ -4,7 +4,7 @@
 
 #include "settings/registry_values.h"
 #include "settings/settings.h"
-#include "shell/display_scale.h"
+#include "support/display_scale.h"
 #include "support/handles.h"
 
 namespace {

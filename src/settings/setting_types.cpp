@@ -6,7 +6,7 @@
 
 #include "settings/key_table.h"
 #include "settings/registry_values.h"
-#include "shell/display_scale.h"
+#include "support/display_scale.h"
 #include "support/handles.h"
 
 // ---- Setting ----------------------------------------------------------------------------------

@@ -1,6 +1,6 @@
 #include "settings/settings.h"
 
-#include "shell/app_state.h"
+#include "support/app_state.h"
 
 SettingsRecord g_settings;
 

@@ -3,7 +3,7 @@
 #include <cstring>
 #include <vector>
 
-#include "shell/app_state.h"
+#include "support/app_state.h"
 #include "support/wide_string.h"
 
 const wchar_t kAboutTitle[] = L"About Quillory";

@@ -7,7 +7,7 @@
 #include "platform/device_window.h"
 #include "settings/settings.h"
 #include "shell/about_box.h"
-#include "shell/app_state.h"
+#include "support/app_state.h"
 #include "shell/main_window.h"
 #include "support/wide_string.h"
 

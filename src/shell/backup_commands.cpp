@@ -3,7 +3,7 @@
 #include "dialogs/file_browser.h"
 #include "files/settings_backup.h"
 #include "settings/settings.h"
-#include "shell/app_state.h"
+#include "support/app_state.h"
 #include "support/wide_string.h"
 
 namespace {

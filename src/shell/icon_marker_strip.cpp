@@ -2,8 +2,8 @@
 
 #include <commctrl.h>
 
-#include "shell/app_state.h"
-#include "shell/display_scale.h"
+#include "support/app_state.h"
+#include "support/display_scale.h"
 #include "shell/item_icons.h"
 #include "shell/settings_page.h"
 #include "support/handles.h"

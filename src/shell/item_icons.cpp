@@ -1,8 +1,8 @@
 #include "shell/item_icons.h"
 
 #include "display/display_ids.h"
-#include "shell/app_state.h"
-#include "shell/display_scale.h"
+#include "support/app_state.h"
+#include "support/display_scale.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "shell/page_factory.h"
 
 #include "pages/general_page.h"
-#include "shell/app_state.h"
+#include "support/app_state.h"
 #include "shell/settings_page.h"
 
 namespace {

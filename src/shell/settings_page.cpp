@@ -5,8 +5,8 @@
 #include <cstdlib>
 
 #include "platform/device_window.h"
-#include "shell/app_state.h"
-#include "shell/display_scale.h"
+#include "support/app_state.h"
+#include "support/display_scale.h"
 
 namespace {
 

@@ -12,8 +12,8 @@
 #include "common/test_support.h"
 #include "dialogs/file_browser.h"
 #include "modal_script.h"
-#include "shell/app_state.h"
-#include "shell/display_scale.h"
+#include "support/app_state.h"
+#include "support/display_scale.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 
 #include "dialogs/file_browser.h"
 #include "modal_script.h"
-#include "shell/display_scale.h"
+#include "support/display_scale.h"
 
 struct BrowserWindows {
     HWND dialog = nullptr;

@@ -10,8 +10,8 @@
 #include "common/test_support.h"
 #include "dialogs/dialog_base.h"
 #include "modal_script.h"
-#include "shell/app_state.h"
-#include "shell/display_scale.h"
+#include "support/app_state.h"
+#include "support/display_scale.h"
 
 namespace {
 

@@ -12,7 +12,7 @@
 #include "common/test_support.h"
 #include "dialogs/file_browser.h"
 #include "modal_script.h"
-#include "shell/app_state.h"
+#include "support/app_state.h"
 
 namespace {
 

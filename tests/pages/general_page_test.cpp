@@ -8,7 +8,7 @@
 #include "common/test_support.h"
 #include "pages/general_page.h"
 #include "settings/settings.h"
-#include "shell/app_state.h"
+#include "support/app_state.h"
 #include "shell/application.h"
 #include "shell/page_factory.h"
 

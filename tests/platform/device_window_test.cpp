@@ -7,7 +7,7 @@
 #include "platform/device_window.h"
 #include "platform/shell.h"
 #include "platform_test_support.h"
-#include "shell/display_scale.h"
+#include "support/display_scale.h"
 
 namespace {
 

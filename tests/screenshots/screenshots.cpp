@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <string>
 
-#include "shell/app_state.h"
+#include "support/app_state.h"
 #include "shell/application.h"
 #include "shell/main_window.h"
 #include "shell/settings_page.h"

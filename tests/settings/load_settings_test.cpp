@@ -6,7 +6,7 @@
 
 #include "settings/settings.h"
 #include "settings_test_util.h"
-#include "shell/app_state.h"
+#include "support/app_state.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 
 #include "settings/settings.h"
 #include "settings_test_util.h"
-#include "shell/app_state.h"
-#include "shell/display_scale.h"
+#include "support/app_state.h"
+#include "support/display_scale.h"
 
 namespace {
 

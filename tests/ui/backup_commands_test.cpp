@@ -11,7 +11,7 @@
 #include "dialogs/modal_script.h"
 #include "files/settings_backup.h"
 #include "settings/settings.h"
-#include "shell/app_state.h"
+#include "support/app_state.h"
 #include "shell/application.h"
 #include "shell/main_window.h"
 

@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "common/test_support.h"
-#include "shell/app_state.h"
+#include "support/app_state.h"
 #include "shell/application.h"
-#include "shell/display_scale.h"
+#include "support/display_scale.h"
 #include "shell/icon_marker_strip.h"
 #include "shell/settings_page.h"
 #include "ui/probe_page.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/display_scale.h"
+#include "support/display_scale.h"
 #include "shell/settings_page.h"
 
 class ProbePage : public SettingsPage {

@@ -1,6 +1,6 @@
-#include "shell/display_scale.h"
+#include "support/display_scale.h"
 
-#include "shell/app_state.h"
+#include "support/app_state.h"
 
 namespace {
 

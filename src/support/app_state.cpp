@@ -1,0 +1,3 @@
+#include "support/app_state.h"
+
+AppState g_app = {};
