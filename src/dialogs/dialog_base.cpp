@@ -4,6 +4,7 @@
 
 #include "platform/device_window.h"
 #include "support/display_scale.h"
+#include "support/surface_colours.h"
 
 namespace {
 
@@ -76,6 +77,10 @@ INT_PTR DialogBase::DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM 
     case WM_HOTKEY:
         OnHotKey(wParam, lParam);
         return 0;
+    case WM_CTLCOLORDLG:
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+        return reinterpret_cast<INT_PTR>(WhiteSurfaceBrush(reinterpret_cast<HWND>(lParam), reinterpret_cast<HDC>(wParam)));
     default:
         return 0;
     }

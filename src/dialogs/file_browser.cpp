@@ -140,13 +140,6 @@ INT_PTR FileBrowserDialog::DialogProc(HWND window, UINT message, WPARAM wParam, 
     case WM_LBUTTONDOWN:
         OnLButtonDown(static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam)));
         return 1;
-    case WM_CTLCOLORSTATIC:
-        // Labels stand on the dialog's white background; read-only fields keep their own.
-        if (reinterpret_cast<HWND>(lParam) == nameLabel_ || reinterpret_cast<HWND>(lParam) == extensionLabel_) {
-            SetBkColor(reinterpret_cast<HDC>(wParam), RGB(255, 255, 255));
-            return reinterpret_cast<INT_PTR>(GetStockObject(WHITE_BRUSH));
-        }
-        break;
     case WM_DESTROY:
         if (menuBar_ && IsWindow(menuBar_)) DestroyWindow(menuBar_);
         menuBar_ = nullptr;

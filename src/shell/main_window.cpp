@@ -169,6 +169,7 @@ void CloseCurrentPage(HWND window) {
 }
 
 void OpenPage(HWND window, int index) {
+    if (index < 0 || index >= kPageCount) return;
     wchar_t title[256] = {};
     LVITEMW item = {};
     item.iSubItem = 0;
@@ -178,6 +179,24 @@ void OpenPage(HWND window, int index) {
     SetWindowTextW(window, title);
     g_app.currentPage = CreatePage(window, index);
     if (g_app.currentPage && g_app.currentPage->window()) BringWindowToTop(g_app.currentPage->window());
+}
+
+int FocusedPage() {
+    return static_cast<int>(SendMessageW(g_app.pageList, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+}
+
+// A tap activates the icon under it and names it in the notification. The keyboard's Enter (the
+// device's action key) names no item: the list sends NM_RETURN and then an activation that is a
+// bare header, so it is answered here, for the focused icon, and the bare activation is not sent.
+LRESULT OnPageListNotify(HWND window, const NMHDR* header) {
+    if (header->hwndFrom != g_app.pageList || g_app.currentPage) return 0;
+    if (header->code == static_cast<UINT>(NM_RETURN)) {
+        OpenPage(window, FocusedPage());
+        return 1;
+    }
+    if (header->code == static_cast<UINT>(LVN_ITEMACTIVATE))
+        OpenPage(window, reinterpret_cast<const NMITEMACTIVATE*>(header)->iItem);
+    return 0;
 }
 
 void SaveAndClose(HWND window) {
@@ -251,12 +270,8 @@ LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
     case WM_SETTINGCHANGE:
         SHHandleWMSettingChange(window, wParam, lParam, &g_app.activateInfo);
         return 0;
-    case WM_NOTIFY: {
-        auto* activate = reinterpret_cast<NMITEMACTIVATE*>(lParam);
-        if (activate->hdr.hwndFrom == g_app.pageList && activate->hdr.code == LVN_ITEMACTIVATE)
-            OpenPage(window, activate->iItem);
-        return 0;
-    }
+    case WM_NOTIFY:
+        return OnPageListNotify(window, reinterpret_cast<NMHDR*>(lParam));
     case WM_COMMAND:
         OnCommand(window, LOWORD(wParam));
         return 0;

@@ -7,6 +7,7 @@
 #include "platform/device_window.h"
 #include "support/app_state.h"
 #include "support/display_scale.h"
+#include "support/surface_colours.h"
 
 namespace {
 
@@ -165,6 +166,11 @@ LRESULT SettingsPage::Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM 
         return OnCommand(window, message, wParam, lParam);
     case WM_LBUTTONDOWN:
         return OnLButtonDown(window, message, wParam, lParam);
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+        if (HBRUSH brush = WhiteSurfaceBrush(reinterpret_cast<HWND>(lParam), reinterpret_cast<HDC>(wParam)))
+            return reinterpret_cast<LRESULT>(brush);
+        return DefWindowProcW(window, message, wParam, lParam);
     case kMarkerToggledMessage:
         return OnMarkerToggled(window, message, wParam, lParam);
     case kMarkerSelectedMessage:
@@ -191,7 +197,6 @@ void SettingsPage::OnCreate(HWND window) {
                                        instance_, nullptr);
         PlaceSectionTabs();
         SendMessageW(sectionTabs_, CCM_SETVERSION, kDeviceTabLookVersion, 0);
-        SendMessageW(sectionTabs_, WM_SETFONT, reinterpret_cast<WPARAM>(normalFont_), TRUE);
         for (int index = 0; index < GetSectionCount(); ++index) {
             WString title = LoadText(GetSectionTitleId(index));
             TCITEMW item = {};

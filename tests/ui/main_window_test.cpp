@@ -220,6 +220,24 @@ TEST_F(MainWindow, CancelAsksAndNoLeavesEverythingYesWritesNothing) {
     g_app.currentPage = nullptr;
 }
 
+TEST_F(MainWindow, EnterOnAFocusedIconOpensItsPageAsATapDoes) {
+    Create();
+    HWND list = g_app.pageList;
+    LVITEMW focus = {};
+    focus.stateMask = focus.state = LVIS_FOCUSED | LVIS_SELECTED;
+    SendMessageW(list, LVM_SETITEMSTATE, 0, reinterpret_cast<LPARAM>(&focus));
+    SetFocus(list);
+    SendMessageW(list, WM_KEYDOWN, VK_RETURN, 0);
+    SendMessageW(list, WM_KEYUP, VK_RETURN, 0);
+    ASSERT_NE(g_app.currentPage, nullptr) << "Enter opened the focused page";
+    EXPECT_TRUE(IsWindowVisible(g_app.currentPage->window()));
+    EXPECT_EQ(Title(), L"General");
+
+    SendMessageW(window_, kClosePageMessage, 0, 0);
+    EXPECT_EQ(g_app.currentPage, nullptr);
+    EXPECT_EQ(Title(), L"QL Options");
+}
+
 struct ScaleCase {
     int pixelsPerInch;
     bool vga;
