@@ -313,6 +313,10 @@ struct FontsSettings : SettingGroup {
     FontSetting FontMsgsRead{this, L"FontMsgsRead", 100};
     FontSetting FontMsgsTitles{this, L"FontMsgsTitles", 700};
     FontSetting FontSEGeneral{this, L"FontSEGeneral", 100};
+    FontSetting FontSEFilter1{this, L"FontSEFilter1", 100};
+    FontSetting FontSEFilter2{this, L"FontSEFilter2", 100};
+    FontSetting FontSEFilter3{this, L"FontSEFilter3", 100};
+    FontSetting FontSEFilter4{this, L"FontSEFilter4", 100};
     FontSetting FontSEGroupingTtls{this, L"FontSEGroupingTtls", 700};
 };
 
