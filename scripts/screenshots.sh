@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Saves PNG pictures of the page grid and of every page, at 96 and at 192 pixels per inch, into
+# Saves PNG pictures of the page grid, of every page and of the dialogs registered by
+# tests/screenshots/*_shots.cpp, at 96 and at 192 pixels per inch, into
 # docs/screenshots/. Each resolution gets a Wine prefix of its own inside the build tree.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
@@ -20,10 +21,8 @@ for dpi in ${QL_SHOT_DPIS:-96 192}; do
     wine reg add 'HKCC\Software\Fonts' /v LogPixels /t REG_DWORD /d $dpi /f >/dev/null 2>&1
     wineserver -k >/dev/null 2>&1 || true
     shots=$(mktemp -d)
-    (cd "$prefix/drive_c" && wine "$QL_BIN/ql_screenshots.exe" "$(winepath -w "$shots")" "${dpi}dpi")
-    # The three file browser variants come from the browser's own test program.
-    (cd "$prefix/drive_c" && QL_SCREENSHOT_DIR=$shots wine "$QL_BIN/dialogs_browser_screenshots_test.exe" \
-        >/dev/null 2>&1) || ql_die "browser pictures failed"
+    (cd "$prefix/drive_c" && wine "$QL_BIN/ql_screenshots.exe" "$(winepath -w "$shots")" "${dpi}dpi") \
+        || ql_die "ql_screenshots failed at $dpi dpi"
     wineserver -k >/dev/null 2>&1 || true
     for bmp in "$shots"/*.bmp; do
         name=$(basename "${bmp%.bmp}")

@@ -1,12 +1,16 @@
-// Saves pictures of the program as a user sees it: the page grid, then every page that exists in
-// every section, as 24-bit BMP files named <label>_<picture>.bmp in the folder given.
+// Saves pictures of the program as a user sees it: the page grid, every page that exists in
+// every section, then the pictures the *_shots.cpp files register (dialogs), as 24-bit BMP files
+// named <label>_<picture>.bmp in the folder given.
 // Usage: ql_screenshots <folder> <label>
 #include <windows.h>
 #include <commctrl.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
 
+#include "screenshot_registry.h"
+#include "shots.h"
 #include "support/app_state.h"
 #include "shell/application.h"
 #include "shell/main_window.h"
@@ -16,55 +20,6 @@ namespace {
 
 const wchar_t* const kPageNames[12] = {L"general", L"calendar", L"tasks",   L"notes", L"contacts", L"messages",
                                        L"sevents", L"fonts",    L"colours", L"pim",   L"tabs",     L"categories"};
-
-void Pump(int rounds = 5) {
-    for (int i = 0; i < rounds; ++i) {
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-        Sleep(40);
-    }
-}
-
-bool SaveWindowPicture(HWND window, const std::wstring& path) {
-    RECT area;
-    GetWindowRect(window, &area);
-    int width = area.right - area.left, height = area.bottom - area.top;
-    HDC screen = GetDC(nullptr);
-    HDC memory = CreateCompatibleDC(screen);
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 24;
-    void* bits = nullptr;
-    HBITMAP picture = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    HGDIOBJ old = SelectObject(memory, picture);
-    BitBlt(memory, 0, 0, width, height, screen, area.left, area.top, SRCCOPY);
-    SelectObject(memory, old);
-    GdiFlush();
-    DWORD stride = ((width * 3) + 3) & ~3u;
-    DWORD imageSize = stride * height;
-    BITMAPFILEHEADER header = {};
-    header.bfType = 0x4D42;
-    header.bfOffBits = sizeof header + sizeof info.bmiHeader;
-    header.bfSize = header.bfOffBits + imageSize;
-    FILE* file = _wfopen(path.c_str(), L"wb");
-    bool written = file != nullptr;
-    if (file) {
-        fwrite(&header, sizeof header, 1, file);
-        fwrite(&info.bmiHeader, sizeof info.bmiHeader, 1, file);
-        fwrite(bits, 1, imageSize, file);
-        fclose(file);
-    }
-    DeleteObject(picture);
-    DeleteDC(memory);
-    ReleaseDC(nullptr, screen);
-    return written;
-}
 
 void ActivatePage(HWND main, int index) {
     NMITEMACTIVATE activate = {};
@@ -100,7 +55,7 @@ int wmain(int argc, wchar_t** argv) {
     ShowWindow(main, SW_SHOW);
     SetWindowPos(main, HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE);
     Pump(15);
-    int saved = SaveWindowPicture(main, folder + L"\\" + label + L"_page_grid.bmp") ? 1 : 0;
+    SaveWindowPicture(main, ShotPath(folder.c_str(), label.c_str(), L"page_grid"));
 
     for (int index = 0; index < 12; ++index) {
         ActivatePage(main, index);
@@ -114,14 +69,27 @@ int wmain(int argc, wchar_t** argv) {
             if (section > 0) SelectSection(page, section);
             Pump(8);
             wchar_t name[64];
-            swprintf(name, 64, L"_%ls_%d.bmp", kPageNames[index], section + 1);
-            saved += SaveWindowPicture(main, folder + L"\\" + label + name) ? 1 : 0;
+            swprintf(name, 64, L"%ls_%d", kPageNames[index], section + 1);
+            SaveWindowPicture(main, ShotPath(folder.c_str(), label.c_str(), name));
         }
         SendMessageW(main, kClosePageMessage, 0, 0);
         Pump(2);
     }
     DestroyWindow(main);
     Pump(2);
-    wprintf(L"%d pictures\n", saved);
-    return 0;
+
+    if (!LoadProgramLibraries()) fwprintf(stderr, L"the language or display library is missing\n");
+    std::vector<RegisteredShot> shots = RegisteredShots();
+    int empty = 0;
+    std::sort(shots.begin(), shots.end(),
+              [](const RegisteredShot& a, const RegisteredShot& b) { return wcscmp(a.name, b.name) < 0; });
+    for (const RegisteredShot& shot : shots) {
+        int before = SavedPictureCount();
+        shot.take(folder.c_str(), label.c_str());
+        int taken = SavedPictureCount() - before;
+        wprintf(L"%ls: %d pictures\n", shot.name, taken);
+        if (taken == 0) ++empty;
+    }
+    wprintf(L"%d pictures\n", SavedPictureCount());
+    return empty == 0 ? 0 : 1;
 }
