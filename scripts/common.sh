@@ -49,7 +49,10 @@ QL_DEVICE_DIR='drive_c/Program Files/Orvane/Quillory'
 # windows should live inside one Wine desktop window, that desktop's size.
 ql_ensure_prefix() {
     local prefix=$1 desktop=${2:-}
-    [ -f "$prefix/.ql-ready" ] && return 0
+    if [ -f "$prefix/.ql-ready" ]; then
+        ql_fail_crashes_fast "$prefix"
+        return 0
+    fi
     ql_say "creating Wine prefix $prefix"
     mkdir -p "$prefix"
     WINEPREFIX=$prefix wineboot -i >/dev/null 2>&1 || ql_die "wineboot failed for $prefix"
@@ -61,7 +64,19 @@ ql_ensure_prefix() {
     WINEPREFIX=$prefix wine reg add 'HKLM\Software\Microsoft\today\items\Quillory' /v ProgramFiles \
         /t REG_SZ /d '\Program Files' /f >/dev/null 2>&1 || ql_die "could not write the registry of $prefix"
     [ -n "$desktop" ] && ql_use_virtual_desktop "$prefix" "$desktop"
+    ql_fail_crashes_fast "$prefix"
     touch "$prefix/.ql-ready"
+}
+
+# A crashing program must end at once with an error code: Wine's crash debugger would otherwise
+# open its dialog and wait for a click that never comes. Without the dialog it writes the crash
+# report to standard error and ends the process. Also applied to prefixes made before this
+# setting existed; the registry file is read first so that a prefix that has it costs nothing.
+ql_fail_crashes_fast() {
+    local prefix=$1
+    grep -qs '^"ShowCrashDialog"=dword:00000000' "$prefix/user.reg" && return 0
+    WINEPREFIX=$prefix wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f \
+        >/dev/null 2>&1 || ql_die "could not turn off the crash dialog in $prefix"
 }
 
 # Copies the program and its libraries into the prefix's device layout.
