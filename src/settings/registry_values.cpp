@@ -17,8 +17,6 @@ RegKey OpenForReading(HKEY root, const wchar_t* path) {
 
 const size_t kSmallStringChars = 264;
 
-bool IsStringType(DWORD type) { return type == REG_SZ || type == REG_EXPAND_SZ; }
-
 COLORREF RedGreenBlue(const BYTE* bytes) { return RGB(bytes[0], bytes[1], bytes[2]); }
 
 }  // namespace
@@ -38,27 +36,27 @@ DWORD ReadDword(HKEY root, const wchar_t* path, const wchar_t* name, DWORD defau
 }
 
 int ReadString(HKEY key, const wchar_t* name, WString& out, const wchar_t* defaultValue) {
-    DWORD type = 0;
     DWORD size = 0;
-    if (!key || RegQueryValueExW(key, name, nullptr, &type, nullptr, &size) != ERROR_SUCCESS || !IsStringType(type)) {
+    if (!key || RegQueryValueExW(key, name, nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS) {
         out.assign(OrEmpty(defaultValue));
         return 0;
     }
-    // Most values fit the stack buffer; one spare character ends a value stored without terminator.
+    // Room for every stored byte and one terminator after them: the value may be of any type, and
+    // need not end with a zero character.
     wchar_t small[kSmallStringChars];
     std::vector<wchar_t> large;
-    size_t chars = size / sizeof(wchar_t) + 2;
+    size_t chars = size / sizeof(wchar_t) + 1;
     wchar_t* text = small;
     if (chars > kSmallStringChars) {
         large.resize(chars);
         text = large.data();
     }
     DWORD readSize = size;
-    if (RegQueryValueExW(key, name, nullptr, &type, reinterpret_cast<BYTE*>(text), &readSize) != ERROR_SUCCESS ||
-        !IsStringType(type)) {
+    if (RegQueryValueExW(key, name, nullptr, nullptr, reinterpret_cast<BYTE*>(text), &readSize) != ERROR_SUCCESS) {
         out.assign(OrEmpty(defaultValue));
         return 0;
     }
+    // A trailing odd byte is half a character and is dropped.
     text[readSize / sizeof(wchar_t)] = L'\0';
     out.assign(text);
     return 1;

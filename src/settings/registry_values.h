@@ -12,9 +12,10 @@ DWORD ReadDword(HKEY key, const wchar_t* name, DWORD defaultValue);
 // The same, opening `root`\`path` for reading first (the key is not created).
 DWORD ReadDword(HKEY root, const wchar_t* path, const wchar_t* name, DWORD defaultValue);
 
-// Reads a string value into `out`; returns 1 when it was read. On failure (null key, missing
-// value, a type other than REG_SZ or REG_EXPAND_SZ) `out` takes `defaultValue` (null counts as
-// empty) and the result is 0. A stored string without terminator is cut at its size.
+// Reads the value's bytes, whatever its registry type, as UTF-16 text into `out`, up to its first
+// zero character or its end (a value without terminator, or of an odd size, ends there; a trailing
+// odd byte is dropped); returns 1. When the key is null or the value cannot be read, `out` takes
+// `defaultValue` (null counts as empty) and the result is 0.
 int ReadString(HKEY key, const wchar_t* name, WString& out, const wchar_t* defaultValue);
 // The same, opening `root`\`path` for reading first (the key is not created).
 int ReadString(HKEY root, const wchar_t* path, const wchar_t* name, WString& out, const wchar_t* defaultValue);

@@ -111,11 +111,11 @@ TEST_F(LoadSettingsTest, StoredValuesOfEveryKindAreRead) {
     EXPECT_EQ(Join(DirtySettings(r)), "");
 }
 
-TEST_F(LoadSettingsTest, WrongTypesAndSizesGiveDefaults) {
+TEST_F(LoadSettingsTest, WrongTypesAndSizesAreReadByEachKindsRule) {
     RegPutString(HKEY_CURRENT_USER, kCalendarPath, L"dNumOfDays", L"120 days");  // longer than four bytes
     const BYTE two[2] = {12, 0};
     RegPutRaw(HKEY_CURRENT_USER, kCalendarPath, L"TimelinesLength", REG_BINARY, two, 2);
-    RegPutDword(HKEY_CURRENT_USER, kProductPath, L"SkinPath", 5);
+    RegPutDword(HKEY_CURRENT_USER, kProductPath, L"SkinPath", 0x00420041);
     BYTE fold[16] = {0xFF, 0xFF};
     RegPutRaw(HKEY_CURRENT_USER, kCalendarPath, L"FoldState", REG_BINARY, fold, 15);
     RegPutRaw(HKEY_CURRENT_USER, kTasksPath, L"FoldState", REG_DWORD, fold, 6);
@@ -126,7 +126,7 @@ TEST_F(LoadSettingsTest, WrongTypesAndSizesGiveDefaults) {
     EXPECT_EQ(r.calendar.dNumOfDays.value, 7u);
     EXPECT_FALSE(r.calendar.dNumOfDays.dirty);
     EXPECT_EQ(r.calendar.TimelinesLength.value, 12u) << "a two-byte value is read as far as it goes";
-    EXPECT_STREQ(r.general.SkinPath.c_str(), L"") << "a DWORD is no string";
+    EXPECT_STREQ(r.general.SkinPath.c_str(), L"AB") << "a DWORD reads as its bytes";
     for (DWORD i = 0; i < 16; ++i) EXPECT_EQ(r.calendar.FoldState.bits[i], 0) << "15 bytes are ignored whole";
     for (DWORD i = 0; i < 6; ++i) EXPECT_EQ(r.tasks.FoldState.bits[i], 0) << "only REG_BINARY is taken";
     EXPECT_EQ(r.tasks.TsksDateFrmt.value, 0u) << "an empty value reads as zero bytes";

@@ -47,36 +47,42 @@ TEST_F(RegistryValues, ReadDwordTakesFourBytesOfAnyTypeAndFallsBackOtherwise) {
     EXPECT_FALSE(RegKeyExists(HKEY_CURRENT_USER, L"Software\\Orvane\\NoSuchKey")) << "reading never creates";
 }
 
-TEST_F(RegistryValues, ReadStringAcceptsStringTypesOnlyAndEndsUnterminatedText) {
+TEST_F(RegistryValues, ReadStringTakesTheStoredBytesOfAnyTypeAsTextEndedInsideItsBuffer) {
     RegPutString(HKEY_CURRENT_USER, kScratchPath, L"Text", L"Calendar");
-    put(L"Unterminated", REG_SZ, L"abc", 6);
-    put(L"OddSize", REG_SZ, L"xyz", 5);
-    put(L"Empty", REG_SZ, L"", 0);
     put(L"Expand", REG_EXPAND_SZ, L"%TEMP%", 14);
-    DWORD number = 0x00410041;
-    put(L"Number", REG_DWORD, &number, 4);
+    DWORD letters = 0x00420041, small = 5, zero = 0;
+    put(L"Letters", REG_DWORD, &letters, 4);
+    put(L"Small", REG_DWORD, &small, 4);
+    put(L"Zero", REG_DWORD, &zero, 4);
+    put(L"Binary", REG_BINARY, "H\0i\0", 4);   // no terminator
+    put(L"Odd", REG_BINARY, "x\0y\0z", 5);     // half a character at the end
+    put(L"OneByte", REG_BINARY, "A", 1);
+    put(L"Empty", REG_BINARY, "", 0);
+    put(L"Multi", REG_MULTI_SZ, L"ab\0cd\0", 14);
+    const std::wstring longText(3000, L'w');  // beyond any small buffer, stored without terminator
+    put(L"Long", REG_SZ, longText.data(), static_cast<DWORD>(longText.size() * 2));
+    put(L"LongOdd", REG_BINARY, longText.data(), static_cast<DWORD>(longText.size() * 2 - 1));
+
+    struct Case {
+        const wchar_t* name;
+        std::wstring text;
+    };
+    for (const Case& c : {Case{L"Text", L"Calendar"}, Case{L"Expand", L"%TEMP%"}, Case{L"Letters", L"AB"},
+                          Case{L"Small", L"\x0005"}, Case{L"Zero", L""}, Case{L"Binary", L"Hi"}, Case{L"Odd", L"xy"},
+                          Case{L"OneByte", L""}, Case{L"Empty", L""}, Case{L"Multi", L"ab"}, Case{L"Long", longText},
+                          Case{L"LongOdd", longText.substr(1)}}) {
+        WString out(L"old");
+        EXPECT_EQ(ReadString(key_, c.name, out, L"dflt"), 1) << Narrow(c.name);
+        EXPECT_EQ(std::wstring(out.c_str()), c.text) << Narrow(c.name);
+    }
 
     WString out;
-    EXPECT_EQ(ReadString(key_, L"Text", out, L"dflt"), 1);
-    EXPECT_STREQ(out.c_str(), L"Calendar");
-    EXPECT_EQ(ReadString(key_, L"Unterminated", out, L"dflt"), 1);
-    EXPECT_STREQ(out.c_str(), L"abc");
-    EXPECT_EQ(ReadString(key_, L"OddSize", out, L"dflt"), 1);
-    EXPECT_STREQ(out.c_str(), L"xy") << "a trailing half character is dropped";
-    EXPECT_EQ(ReadString(key_, L"Empty", out, L"dflt"), 1);
-    EXPECT_STREQ(out.c_str(), L"");
-    EXPECT_EQ(ReadString(key_, L"Expand", out, L"dflt"), 1);
-    EXPECT_STREQ(out.c_str(), L"%TEMP%") << "read as stored, not expanded";
-
-    EXPECT_EQ(ReadString(key_, L"Number", out, L"dflt"), 0);
-    EXPECT_STREQ(out.c_str(), L"dflt");
     EXPECT_EQ(ReadString(key_, L"Missing", out, nullptr), 0);
     EXPECT_STREQ(out.c_str(), L"");
     EXPECT_EQ(ReadString(static_cast<HKEY>(nullptr), L"Text", out, L"none"), 0);
     EXPECT_STREQ(out.c_str(), L"none");
-
-    EXPECT_EQ(ReadString(HKEY_CURRENT_USER, kScratchPath, L"Text", out, L""), 1);
-    EXPECT_STREQ(out.c_str(), L"Calendar");
+    EXPECT_EQ(ReadString(HKEY_CURRENT_USER, kScratchPath, L"Letters", out, L""), 1);
+    EXPECT_STREQ(out.c_str(), L"AB");
     EXPECT_EQ(ReadString(HKEY_CURRENT_USER, L"Software\\Orvane\\NoSuchKey", L"Text", out, L"d"), 0);
     EXPECT_STREQ(out.c_str(), L"d");
 }
