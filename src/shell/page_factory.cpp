@@ -1,6 +1,7 @@
 #include "shell/page_factory.h"
 
 #include "pages/general_page.h"
+#include "pages/messages_page.h"
 #include "support/app_state.h"
 #include "shell/settings_page.h"
 
@@ -14,7 +15,7 @@ struct PageEntry {
 // The pages in page-list order; a null creator is a page this build does not have yet.
 const PageEntry kPages[kPageCount] = {
     {L"GeneralSettingsWin", CreateGeneralPage},  {L"CalendarSettingsWin", nullptr}, {L"TasksSettingsWin", nullptr},
-    {L"NotesSettingsWin", nullptr},    {L"ContactSettingsWin", nullptr},  {L"MessagesSettingsWin", nullptr},
+    {L"NotesSettingsWin", nullptr},    {L"ContactSettingsWin", nullptr},  {L"MessagesSettingsWin", CreateMessagesPage},
     {L"SEventsSettingsWin", nullptr},  {L"FontSettingsWin", nullptr},     {L"ColorSettingsWin", nullptr},
     {L"PIMSettingsWin", nullptr},      {L"TabsSettingsWin", nullptr},     {L"CategorySettingsWin", nullptr},
 };
