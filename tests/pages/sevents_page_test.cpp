@@ -1,0 +1,65 @@
+// The Special events page: the date list on a fixed date, a day span that is not listed, filter
+// categories that vanished or differ in case, and the round trip of seeded values.
+#include "pages/page_fixture.h"
+#include "platform/clock.h"
+
+namespace {
+
+const wchar_t kEvents[] = L"Software\\Orvane\\Quillory\\SEvents";
+enum { kAlert = 3, kDateFormat = 5, kDaySpan = 9, kCategory1 = 13, kCategory2 = 15, kCategory4 = 19 };
+
+class SEventsPage : public PageFixture {
+protected:
+    void SetUp() override {
+        PageFixture::SetUp();
+        SYSTEMTIME february3 = {2011, 2, 4, 3, 10, 0, 0, 0};
+        SetProgramLocalTimeForTest(&february3);
+        AddCategory(g_categories, L"Work");
+        AddCategory(g_categories, L"Home");
+    }
+    void TearDown() override {
+        SetProgramLocalTimeForTest(nullptr);
+        PageFixture::TearDown();
+    }
+};
+
+TEST_F(SEventsPage, DatesFollowTheClockAndUnlistedSpansAndCategoriesFallBack) {
+    RegPutDword(HKEY_CURRENT_USER, kEvents, L"SEApptsDaySpan", 45);
+    RegPutDword(HKEY_CURRENT_USER, kEvents, L"SEDateFormat", 4);
+    RegPutString(HKEY_CURRENT_USER, kEvents, L"AdditionalFilterCat1", L"Gone");
+    RegPutString(HKEY_CURRENT_USER, kEvents, L"AdditionalFilterCat2", L"home");
+    Open(6);
+    std::vector<std::wstring> dates = Entries(kDateFormat);
+    ASSERT_EQ(dates.size(), 5u);
+    EXPECT_EQ(std::vector<std::wstring>(dates.begin() + 1, dates.end()),
+              (std::vector<std::wstring>{L"02/03", L"02/03/11", L"03/02", L"03/02/11"}));
+    EXPECT_EQ(Selected(kDateFormat), 4);
+    EXPECT_EQ(Entries(kDaySpan)[Selected(kDaySpan)], L"30");
+    EXPECT_EQ(Entries(kCategory1), (std::vector<std::wstring>{L"None", L"Home", L"Work"}));
+    EXPECT_EQ(Selected(kCategory1), 0);
+    EXPECT_EQ(Selected(kCategory2), 1) << "names match without regard to case";
+    Choose(kCategory4, 2);
+    Close();
+    SaveSettings();
+    EXPECT_EQ(g_settings.sevents.SEApptsDaySpan.value, 30u);
+    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kEvents, L"SEApptsDaySpan");
+    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kEvents, L"AdditionalFilterCat1");
+    EXPECT_REG_STRING(HKEY_CURRENT_USER, kEvents, L"AdditionalFilterCat2", L"Home");
+    EXPECT_REG_STRING(HKEY_CURRENT_USER, kEvents, L"AdditionalFilterCat4", L"Work");
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, kEvents, L"SEDateFormat", 4);
+}
+
+TEST_F(SEventsPage, SeededValuesComeBackUnchanged) {
+    const std::pair<const wchar_t*, DWORD> values[] = {
+        {L"SEventDays", 0},          {L"SEAlertBeforeDays", 15}, {L"SEContactFormat", 2}, {L"SEApptsDaySpan", 365},
+        {L"SEFilterAlertBeforeDays", 3}, {L"BreakLineStyle", 0}, {L"IncldFoldBttns", 0},  {L"IncldCounters", 0}};
+    for (const auto& value : values) RegPutDword(HKEY_CURRENT_USER, kEvents, value.first, value.second);
+    RegPutString(HKEY_CURRENT_USER, kEvents, L"AdditionalFilterCat3", L"Work");
+    RegSnapshot before = WithoutEmptyKeys(Snapshot(HKEY_CURRENT_USER, kProductPath));
+    Open(6);
+    EXPECT_EQ(Entries(kAlert)[Selected(kAlert)], L"16");
+    ShowEverySectionCloseAndSave();
+    EXPECT_EQ(WithoutEmptyKeys(Snapshot(HKEY_CURRENT_USER, kProductPath)), before);
+}
+
+}  // namespace
