@@ -83,8 +83,9 @@ void WriteSubKeys(HKEY key, const wchar_t* keyPath, Utf16TextWriter& out) {
     for (DWORD index = 0;; ++index) {
         DWORD length = kNameRoom;
         if (RegEnumKeyExW(key, index, name, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
+        // Below the root itself (an empty path) a child's path is its bare name.
         WString child(keyPath);
-        child.append(L"\\");
+        if (*keyPath) child.append(L"\\");
         child.append(name);
         WriteRegistryTree(child.c_str(), out);
     }
@@ -189,8 +190,6 @@ SectionKind ClassifySection(const wchar_t* name) {
 }
 
 bool ReadKeySection(const wchar_t* keyPath, Utf16TextReader& in) {
-    // An empty name would open the root itself; it names no key.
-    if (!*keyPath) return false;
     RegKey key;
     if (RegCreateKeyExW(HKEY_CURRENT_USER, keyPath, 0, nullptr, 0, KEY_SET_VALUE | KEY_QUERY_VALUE, nullptr,
                         key.out(), nullptr) != ERROR_SUCCESS)

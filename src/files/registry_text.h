@@ -13,9 +13,10 @@ struct FilterList;
 
 // ---- writing --------------------------------------------------------------------------------
 
-// Writes the key (created when missing) and, depth-first, every key below it: a key's REG_SZ and
-// REG_DWORD values come before its sub-keys. A key's values end at the first one whose name does
-// not fit 256 characters or whose data does not fit 256 bytes.
+// Writes the key (created when missing; an empty path is the current user's root) and,
+// depth-first, every key below it: a key's REG_SZ and REG_DWORD values come before its sub-keys.
+// A key's values end at the first one whose name does not fit 256 characters or whose data does
+// not fit 256 bytes.
 void WriteRegistryTree(const wchar_t* keyPath, Utf16TextWriter& out);
 void WriteCategoriesSection(const CategoryList& categories, Utf16TextWriter& out);
 void WriteFiltersSection(const FilterList& filters, Utf16TextWriter& out);
@@ -38,8 +39,9 @@ bool ReadRegistryTextFile(Utf16TextReader& in, CategoryList& categories, FilterL
 // ']' last but one.
 bool ParseSectionHeader(const wchar_t* line, WString& name);
 SectionKind ClassifySection(const wchar_t* name);
-// Writes the section's value lines into the key, up to an empty line or the end of the text.
-// False when the key can be neither opened nor created (or its name is empty).
+// Writes the section's value lines into the key, up to an empty line or the end of the text. An
+// empty path names the current user's root itself. False when the key can be neither opened nor
+// created.
 bool ReadKeySection(const wchar_t* keyPath, Utf16TextReader& in);
 void ReadCategoriesSection(Utf16TextReader& in, CategoryList& categories);
 void ReadFiltersSection(Utf16TextReader& in, FilterList& filters);

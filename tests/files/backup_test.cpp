@@ -333,12 +333,37 @@ TEST_F(BackupTest, AFailurePartWayKeepsWhatWasWrittenAndDoesNotReload) {
     EXPECT_FALSE(RegKeyExists(HKEY_CURRENT_USER, Key(L"After").c_str()));
     EXPECT_EQ(g_settings.general.OnClick.value, 4321);
 
-    EXPECT_FALSE(Import(L"\n[]\n\"OnHkcuRoot\"=dword:1\n"));
-    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, L"", L"OnHkcuRoot");
-
     ASSERT_TRUE(Import(L"\n[Software\\Orvane\\Quillory]\n\"OnClick\"=dword:2\n"
                        L"\"QLFiltersFileFolder\"=\"" + folder.path() + L"\"\n"));
     EXPECT_EQ(g_settings.general.OnClick.value, 2);
+}
+
+TEST_F(BackupTest, TheRootSectionRoundTripsAtTheUserRootAndTheImportGoesOn) {
+    const wchar_t* kNumber = L"QLBackupTestRootNumber";
+    const wchar_t* kText = L"QLBackupTestRootText";
+    RegPutDword(HKEY_CURRENT_USER, L"", kNumber, 0xFFFFFFFF);
+    RegPutString(HKEY_CURRENT_USER, L"", kText, L"at the root");
+    Utf16TextWriter out;
+    WriteRegistryTree(L"", out);
+    RegDeleteValueW(HKEY_CURRENT_USER, kNumber);
+    RegDeleteValueW(HKEY_CURRENT_USER, kText);
+
+    // The root's own section comes first; its children are named without a leading backslash.
+    std::wstring text = WideFromUtf16(out.bytes());
+    ASSERT_EQ(text.rfind(L"\n[]\n", 0), 0u);
+    EXPECT_NE(text.find(L"\n[Software]\n"), std::wstring::npos);
+    EXPECT_EQ(text.find(L"\n[\\"), std::wstring::npos);
+    std::wstring rootSection = text.substr(0, text.find(L"\n\n[", 1) + 1);
+    EXPECT_NE(rootSection.find(L"\n\"QLBackupTestRootNumber\"=dword:-1\n"), std::wstring::npos);
+    bool imported = Import(rootSection + L"\n[Software\\QLFilesTest\\After]\n\"D\"=dword:4\n"
+                                         L"\n[Software\\Orvane\\Quillory]\n\"QLFiltersFileFolder\"=\"" +
+                           folder.path() + L"\"\n");
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, L"", kNumber, 0xFFFFFFFF);
+    EXPECT_REG_STRING(HKEY_CURRENT_USER, L"", kText, L"at the root");
+    RegDeleteValueW(HKEY_CURRENT_USER, kNumber);
+    RegDeleteValueW(HKEY_CURRENT_USER, kText);
+    EXPECT_TRUE(imported);
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, Key(L"After").c_str(), L"D", 4);
 }
 
 TEST(BackupFileNameTest, IsTheDateWithUnderscores) {
