@@ -16,11 +16,12 @@ namespace {
 
 // ---- writing --------------------------------------------------------------------------------
 
-// One line of output, cut at 799 characters as formatting into an 800-character buffer would.
+// One line of output, written whole however long its parts are: the reader takes lines whole too,
+// so a long category name or filter title comes back exactly.
 class LineBuilder {
 public:
     LineBuilder& add(const wchar_t* text) {
-        while (*text && length_ < kRoom) buffer_[length_++] = *text++;
+        line_ += text;
         return *this;
     }
     LineBuilder& addNumber(int32_t value) {
@@ -32,15 +33,13 @@ public:
             magnitude /= 10;
         } while (magnitude);
         if (value < 0) digits[n++] = L'-';
-        while (n > 0 && length_ < kRoom) buffer_[length_++] = digits[--n];
+        while (n > 0) line_ += digits[--n];
         return *this;
     }
-    void writeTo(Utf16TextWriter& out) const { out.write(buffer_, length_); }
+    void writeTo(Utf16TextWriter& out) const { out.write(line_.data(), static_cast<int>(line_.size())); }
 
 private:
-    static const int kRoom = 799;
-    wchar_t buffer_[kRoom + 1];
-    int length_ = 0;
+    std::wstring line_;
 };
 
 void WriteHeader(const wchar_t* name, Utf16TextWriter& out) {

@@ -16,7 +16,7 @@ struct FilterList;
 // Writes the key (created when missing; an empty path is the current user's root) and,
 // depth-first, every key below it: a key's REG_SZ and REG_DWORD values come before its sub-keys.
 // A key's values end at the first one whose name does not fit 256 characters or whose data does
-// not fit 256 bytes.
+// not fit 256 bytes. Every line is written whole, however long.
 void WriteRegistryTree(const wchar_t* keyPath, Utf16TextWriter& out);
 void WriteCategoriesSection(const CategoryList& categories, Utf16TextWriter& out);
 void WriteFiltersSection(const FilterList& filters, Utf16TextWriter& out);

@@ -64,18 +64,16 @@ bool Utf16TextReader::rewind() {
 }
 
 bool Utf16TextReader::readLine(WString& line) {
-    wchar_t buffer[kLineBufferChars];
-    int count = 0;
     const unsigned char* data = reinterpret_cast<const unsigned char*>(bytes_.data());
     size_t end = bytes_.size() & ~static_cast<size_t>(1);
-    while (count < kLineBufferChars - 1 && position_ < end) {
+    if (position_ >= end) return false;
+    line_.clear();
+    while (position_ < end) {
         wchar_t c = static_cast<wchar_t>(data[position_] | (data[position_ + 1] << 8));
         position_ += 2;
-        buffer[count++] = c;
+        line_ += c;
         if (c == L'\n') break;
     }
-    if (count == 0) return false;
-    buffer[count] = 0;
-    line.assign(buffer);
+    line.assign(line_.c_str());
     return true;
 }

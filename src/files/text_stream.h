@@ -35,9 +35,9 @@ private:
     bool failed_ = false;
 };
 
-// Reads lines from UTF-16LE bytes held in memory, as a wide-character stream read with a
-// 1,024-character buffer would: a line is at most 1,023 characters and keeps its line feed; a
-// longer line comes back in pieces. A trailing odd byte is not a character and is ignored.
+// Reads lines from UTF-16LE bytes held in memory. A line comes back whole, however long, with its
+// line feed (the last line of a text may have none), so that every line the writer wrote is read
+// back as it was. A trailing odd byte is not a character and is ignored.
 class Utf16TextReader {
 public:
     Utf16TextReader() = default;
@@ -51,9 +51,8 @@ public:
     // as a zero-terminated text would.
     bool readLine(WString& line);
 
-    static const int kLineBufferChars = 1024;
-
 private:
     std::string bytes_;
     size_t position_ = 0;
+    std::wstring line_;  // kept between calls so that its room is reused
 };

@@ -167,13 +167,13 @@ std::wstring NormalKey(const std::wstring& path) {
 }
 
 // Independent of the reader: the names of every line of the text that has the shape of a
-// section header, with lines cut as a 1,024-character line buffer cuts them.
+// section header, lines taken whole.
 void CollectHeaderNames(const std::string& bytes, std::set<std::wstring>& names) {
     std::wstring text = WideFromUtf16(bytes);
     size_t start = 0;
     while (start < text.size()) {
         size_t end = start;
-        while (end < text.size() && end - start < 1023 && (end == start || text[end - 1] != L'\n')) ++end;
+        while (end < text.size() && (end == start || text[end - 1] != L'\n')) ++end;
         std::wstring line = text.substr(start, end - start);
         start = end;
         line = line.substr(0, line.find(L'\0'));

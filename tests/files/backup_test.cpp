@@ -366,6 +366,49 @@ TEST_F(BackupTest, TheRootSectionRoundTripsAtTheUserRootAndTheImportGoesOn) {
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, Key(L"After").c_str(), L"D", 4);
 }
 
+// A text of `length` characters that starts with `first` and whose every position differs from
+// its neighbours, so that a lost or repeated piece shows.
+std::wstring LongText(wchar_t first, size_t length) {
+    std::wstring text(1, first);
+    for (size_t i = 1; i < length; ++i) text += static_cast<wchar_t>(L'a' + i % 26);
+    return text;
+}
+
+TEST_F(BackupTest, CategoryNamesAndFilterTitlesOfAnyLengthComeBackWhole) {
+    RegPutString(HKEY_CURRENT_USER, kProduct, L"QLFiltersFileFolder", folder.path().c_str());
+    const std::wstring names[] = {LongText(L'A', 790), LongText(L'B', 5000), L"Normal"};
+    for (int i = 0; i < 3; ++i) AddCategory(g_categories, names[i].c_str(), 0x100u + i, 0x010203u * (i + 1));
+    MakeDefaultFilters(g_filters);
+    for (int i = 0; i < 3; ++i) {
+        FilterRecord* filter = FindFilter(g_filters, i);
+        filter->title.assign(names[i].c_str());
+        filter->visible = i != 2;
+        filter->includeUncategorized = i == 2;
+    }
+    const std::wstring path = folder.file(L"long.qlsb");
+    ASSERT_TRUE(ExportSettings(path.c_str()));
+    EXPECT_NE(WideFromUtf16(ReadBytes(path)).find(L"\n\"Category\"=\"" + names[1] + L"\"\n\"FiltersFlag\"=dword:257\n"),
+              std::wstring::npos);
+
+    for (CategoryRecord* r = g_categories.head; r; r = r->next) r->filterMask = r->colour = 0;
+    for (FilterRecord* r = g_filters.head; r; r = r->next) {
+        r->title.assign(L"x");
+        r->visible = r->includeUncategorized = false;
+    }
+    ASSERT_TRUE(ImportSettings(path.c_str()));
+    for (int i = 0; i < 3; ++i) {
+        CategoryRecord* category = FindCategory(g_categories, names[i].c_str());
+        ASSERT_NE(category, nullptr);
+        EXPECT_EQ(category->filterMask, 0x100u + i) << i;
+        EXPECT_EQ(category->colour, 0x010203u * (i + 1)) << i;
+        FilterRecord* filter = FindFilter(g_filters, i);
+        EXPECT_EQ(std::wstring(filter->title.c_str()), names[i]) << i;
+        EXPECT_EQ(filter->visible, i != 2) << i;
+        EXPECT_EQ(filter->includeUncategorized, i == 2) << i;
+    }
+    EXPECT_STREQ(FindFilter(g_filters, 3)->title.c_str(), L"Filter 4");
+}
+
 TEST(BackupFileNameTest, IsTheDateWithUnderscores) {
     SYSTEMTIME date = {};
     date.wYear = 2024;
