@@ -76,6 +76,7 @@ struct LibraryTraits {
 using RegKey = UniqueHandle<HKEY, RegKeyTraits>;
 using Font = UniqueHandle<HFONT, GdiObjectTraits<HFONT>>;
 using Bitmap = UniqueHandle<HBITMAP, GdiObjectTraits<HBITMAP>>;
+using Brush = UniqueHandle<HBRUSH, GdiObjectTraits<HBRUSH>>;
 using ImageList = UniqueHandle<HIMAGELIST, ImageListTraits>;
 using MemoryDc = UniqueHandle<HDC, MemoryDcTraits>;
 using File = UniqueHandle<FILE*, FileTraits>;
