@@ -79,7 +79,6 @@ INT_PTR DialogBase::DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM 
         return 0;
     case WM_CTLCOLORDLG:
     case WM_CTLCOLORSTATIC:
-    case WM_CTLCOLORBTN:
         return reinterpret_cast<INT_PTR>(WhiteSurfaceBrush(reinterpret_cast<HWND>(lParam), reinterpret_cast<HDC>(wParam)));
     default:
         return 0;

@@ -167,7 +167,6 @@ LRESULT SettingsPage::Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM 
     case WM_LBUTTONDOWN:
         return OnLButtonDown(window, message, wParam, lParam);
     case WM_CTLCOLORSTATIC:
-    case WM_CTLCOLORBTN:
         if (HBRUSH brush = WhiteSurfaceBrush(reinterpret_cast<HWND>(lParam), reinterpret_cast<HDC>(wParam)))
             return reinterpret_cast<LRESULT>(brush);
         return DefWindowProcW(window, message, wParam, lParam);
