@@ -156,3 +156,9 @@ bool RunModal(HINSTANCE instance, DialogBase* dialog) {
     // -1 means the dialog could not be made at all.
     return result != 0 && result != -1;
 }
+
+bool RunModalFromTemplate(HINSTANCE instance, UINT templateId, HWND owner, DialogBase* dialog) {
+    INT_PTR result = DialogBoxParamW(instance, MAKEINTRESOURCEW(templateId), owner, DialogTrampoline,
+                                     reinterpret_cast<LPARAM>(dialog));
+    return result != 0 && result != -1;
+}

@@ -58,3 +58,5 @@ protected:
 
 // Runs `dialog` modally from an in-memory template; true when it ended with a non-zero result.
 bool RunModal(HINSTANCE instance, DialogBase* dialog);
+// The same from the dialog template resource `templateId` of `instance`, owned by `owner`.
+bool RunModalFromTemplate(HINSTANCE instance, UINT templateId, HWND owner, DialogBase* dialog);

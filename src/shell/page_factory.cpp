@@ -4,6 +4,7 @@
 #include "pages/messages_page.h"
 #include "pages/pim_page.h"
 #include "pages/sevents_page.h"
+#include "pages/tabs_page.h"
 #include "support/app_state.h"
 #include "shell/settings_page.h"
 
@@ -19,7 +20,7 @@ const PageEntry kPages[kPageCount] = {
     {L"GeneralSettingsWin", CreateGeneralPage},  {L"CalendarSettingsWin", nullptr}, {L"TasksSettingsWin", nullptr},
     {L"NotesSettingsWin", nullptr},    {L"ContactSettingsWin", nullptr},  {L"MessagesSettingsWin", CreateMessagesPage},
     {L"SEventsSettingsWin", CreateSEventsPage},  {L"FontSettingsWin", nullptr},     {L"ColorSettingsWin", nullptr},
-    {L"PIMSettingsWin", CreatePimPage},      {L"TabsSettingsWin", nullptr},     {L"CategorySettingsWin", nullptr},
+    {L"PIMSettingsWin", CreatePimPage},      {L"TabsSettingsWin", CreateTabsPage},{L"CategorySettingsWin", nullptr},
 };
 
 }  // namespace
