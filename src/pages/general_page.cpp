@@ -98,6 +98,22 @@ const Row kRows[] = {
 };
 #undef ITEMS
 
+// The rows by their value control, in the order StoreValues writes them: the scrolling action
+// comes before the double-tap tab switching that is created ahead of it.
+const int kStoreOrder[] = {
+    kOnClick, kOnDoubleClick, kAutoHeight, kHeight, kLandscapeHeight, kSkinPath, kLanguage, kVerticalTabs,
+    kSoundEffects, kGoofyMode, kIndentItems, kTitleAlign, kRemoveTabsBar, kRemoveSettingsButton,
+    kRemoveSeparatingLine, kDPadEnabled, kDPadMode, kDPadComplete, kDPadScroll, kDPadDoubleClickTabs, kExclusiveDPad,
+    kDoubleClickScroll, kFullScrollings, kVgaMode, kThinLines, kRemoveHighlight, kLoadingDelay,
+};
+static_assert(sizeof kStoreOrder / sizeof kStoreOrder[0] == sizeof kRows / sizeof kRows[0], "every row is stored");
+
+const Row& RowOf(int valueControl) {
+    for (const Row& row : kRows)
+        if (row.control == valueControl) return row;
+    return kRows[0];
+}
+
 const int kFirstHeight = 80, kLastHeight = 600, kHeightStep = 20;
 const wchar_t kSkinFolderTitle[] = L"Select Skin Path";
 const UINT kLanguageNameId = 719;
@@ -246,7 +262,8 @@ void GeneralSettingsWin::ChooseSkinFolder(HWND window) {
 void GeneralSettingsWin::StoreValues(HWND window) {
     ShowSection(window, SW_HIDE);
     GeneralSettings& general = g_settings.general;
-    for (const Row& row : kRows) {
+    for (int valueControl : kStoreOrder) {
+        const Row& row = RowOf(valueControl);
         HWND box = control(row.control);
         switch (row.kind) {
         case kChoiceRow:

@@ -360,17 +360,18 @@ struct CategoriesSettings : SettingGroup {
 // the Today plug-in sub-keys.
 struct TabSettingsGroup : SettingGroup {
     TabSettingsGroup() : SettingGroup(kKeyTabSettings) {}
+    // Saved in member order: the six enabled values, then the six order values, then the default tab.
     IntSetting CalendarTabEnabled{this, L"CalendarTabEnabled", 1};
-    IntSetting CalendarTabOrder{this, L"CalendarTabOrder", 1};
     IntSetting TasksTabEnabled{this, L"TasksTabEnabled", 1};
-    IntSetting TasksTabOrder{this, L"TasksTabOrder", 2};
     IntSetting NotesTabEnabled{this, L"NotesTabEnabled", 1};
-    IntSetting NotesTabOrder{this, L"NotesTabOrder", 3};
     IntSetting ContactsTabEnabled{this, L"ContactsTabEnabled", 1};
-    IntSetting ContactsTabOrder{this, L"ContactsTabOrder", 4};
     IntSetting MailTabEnabled{this, L"MailTabEnabled", 1};
-    IntSetting MailTabOrder{this, L"MailTabOrder", 5};
     IntSetting SEventsTabEnabled{this, L"SEventsTabEnabled", 1};
+    IntSetting CalendarTabOrder{this, L"CalendarTabOrder", 1};
+    IntSetting TasksTabOrder{this, L"TasksTabOrder", 2};
+    IntSetting NotesTabOrder{this, L"NotesTabOrder", 3};
+    IntSetting ContactsTabOrder{this, L"ContactsTabOrder", 4};
+    IntSetting MailTabOrder{this, L"MailTabOrder", 5};
     IntSetting SEventsTabOrder{this, L"SEventsTabOrder", 6};
     IntSetting DfltTabTimeOut{this, L"DfltTabTimeOut", 0};
     IntSetting DfltTab{this, L"DfltTab", 0};

@@ -1,5 +1,6 @@
 #include "common/test_support.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <vector>
 
@@ -183,6 +184,63 @@ void RegPutRaw(HKEY root, const wchar_t* path, const wchar_t* name, DWORD type, 
     if (Read(root, path, name).found)
         return ::testing::AssertionFailure() << Where(path, name) << " exists but should not";
     return ::testing::AssertionSuccess();
+}
+
+// ---- registry write order ---------------------------------------------------------------------
+
+namespace {
+
+using SetValueFunction = LONG(WINAPI*)(HKEY, LPCWSTR, DWORD, DWORD, const BYTE*, DWORD);
+SetValueFunction g_realSetValue = nullptr;
+std::vector<std::wstring>* g_writtenNames = nullptr;
+
+LONG WINAPI RecordingSetValue(HKEY key, LPCWSTR name, DWORD reserved, DWORD type, const BYTE* data, DWORD size) {
+    if (g_writtenNames) g_writtenNames->push_back(name ? name : L"");
+    return g_realSetValue(key, name, reserved, type, data, size);
+}
+
+// The slot of the test program's import table through which it calls `function`, or null.
+void** ImportSlotOf(const void* function) {
+    BYTE* base = reinterpret_cast<BYTE*>(GetModuleHandleW(nullptr));
+    auto* headers = reinterpret_cast<IMAGE_NT_HEADERS*>(base + reinterpret_cast<IMAGE_DOS_HEADER*>(base)->e_lfanew);
+    DWORD imports = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress;
+    for (auto* library = reinterpret_cast<IMAGE_IMPORT_DESCRIPTOR*>(base + imports); imports && library->Name;
+         ++library)
+        for (auto* thunk = reinterpret_cast<IMAGE_THUNK_DATA*>(base + library->FirstThunk); thunk->u1.Function; ++thunk)
+            if (reinterpret_cast<const void*>(thunk->u1.Function) == function)
+                return reinterpret_cast<void**>(&thunk->u1.Function);
+    return nullptr;
+}
+
+void PatchSlot(void** slot, void* target) {
+    DWORD protection = 0;
+    VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &protection);
+    *slot = target;
+    VirtualProtect(slot, sizeof *slot, protection, &protection);
+}
+
+}  // namespace
+
+RegistryWriteRecorder::RegistryWriteRecorder() {
+    void* real = reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"advapi32.dll"), "RegSetValueExW"));
+    slot_ = real ? ImportSlotOf(real) : nullptr;
+    if (!slot_) return;
+    g_realSetValue = reinterpret_cast<SetValueFunction>(real);
+    g_writtenNames = &names_;
+    PatchSlot(slot_, reinterpret_cast<void*>(&RecordingSetValue));
+}
+
+RegistryWriteRecorder::~RegistryWriteRecorder() {
+    if (!slot_) return;
+    PatchSlot(slot_, reinterpret_cast<void*>(g_realSetValue));
+    g_writtenNames = nullptr;
+}
+
+std::vector<std::wstring> RegistryWriteRecorder::written(const std::vector<std::wstring>& among) const {
+    std::vector<std::wstring> kept;
+    for (const std::wstring& name : names_)
+        if (std::find(among.begin(), among.end(), name) != among.end()) kept.push_back(name);
+    return kept;
 }
 
 const wchar_t* TestWindowClass(const wchar_t* name, WNDPROC proc, HBRUSH background) {

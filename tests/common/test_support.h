@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -44,6 +45,25 @@ void RegPutRaw(HKEY root, const wchar_t* path, const wchar_t* name, DWORD type, 
 ::testing::AssertionResult RegHasString(HKEY root, const wchar_t* path, const wchar_t* name,
                                         const wchar_t* expected);
 ::testing::AssertionResult RegHasNoValue(HKEY root, const wchar_t* path, const wchar_t* name);
+
+// While alive, records the name of every value the test program writes with RegSetValueExW, in
+// the order of the calls. (Wine's registry enumerates a key's values by name, not in the order
+// they were written, so that order can only be seen at the calls.)
+class RegistryWriteRecorder {
+public:
+    RegistryWriteRecorder();
+    ~RegistryWriteRecorder();
+    RegistryWriteRecorder(const RegistryWriteRecorder&) = delete;
+    RegistryWriteRecorder& operator=(const RegistryWriteRecorder&) = delete;
+
+    bool recording() const { return slot_ != nullptr; }
+    // The names written so far, in order, keeping only those listed in `among`.
+    std::vector<std::wstring> written(const std::vector<std::wstring>& among) const;
+
+private:
+    void** slot_ = nullptr;
+    std::vector<std::wstring> names_;
+};
 
 // Each check reports the line of the test that made it.
 #define EXPECT_REG_DWORD(root, path, name, value) EXPECT_TRUE(RegHasDword(root, path, name, value))

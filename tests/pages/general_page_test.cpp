@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include <string>
+#include <vector>
 
 #include "common/test_support.h"
 #include "pages/general_page.h"
@@ -15,10 +16,12 @@
 namespace {
 
 enum {
-    kAutoHeight = 4, kHeight = 6, kLandscapeHeight = 8, kSkinPath = 10, kSkinClear = 11, kLanguage = 14,
-    kVerticalTabs = 15, kTitleAlign = 20, kDPadEnabled = 24, kDPadMode = 26, kDPadCompleteLabel = 27,
-    kDPadComplete = 28, kDPadScrollLabel = 29, kDPadScroll = 30, kDPadDoubleClickTabs = 31, kExclusiveDPad = 32,
-    kVgaMode = 35, kLoadingDelay = 39,
+    kOnClick = 1, kOnDoubleClick = 3, kAutoHeight = 4, kHeight = 6, kLandscapeHeight = 8, kSkinPath = 10,
+    kSkinClear = 11, kLanguage = 14, kVerticalTabs = 15, kSoundEffects = 16, kGoofyMode = 17, kIndentItems = 18,
+    kTitleAlign = 20, kRemoveTabsBar = 21, kRemoveSettingsButton = 22, kRemoveSeparatingLine = 23,
+    kDPadEnabled = 24, kDPadMode = 26, kDPadCompleteLabel = 27, kDPadComplete = 28, kDPadScrollLabel = 29,
+    kDPadScroll = 30, kDPadDoubleClickTabs = 31, kExclusiveDPad = 32, kDoubleClickScroll = 33, kFullScrollings = 34,
+    kVgaMode = 35, kThinLines = 36, kRemoveHighlight = 37, kLoadingDelay = 39,
 };
 
 class GeneralPage : public ::testing::Test {
@@ -141,6 +144,33 @@ TEST_F(GeneralPage, DirectionalPadRowsFollowTheModeAndTheSwitch) {
     EXPECT_EQ(general.LoadingDelay.value, 5u);
     EXPECT_EQ(general.MyVgaMode.value, 1u);
     EXPECT_EQ(general.ExclusiveDPadNavig.dirty, 1);
+}
+
+TEST_F(GeneralPage, EveryChangedRowIsSavedInTheGeneralKeysOrder) {
+    g_settings.general.SkinPath.value.assign(L"\\Skins\\Red");
+    Open();
+    for (int box : {kAutoHeight, kVerticalTabs, kSoundEffects, kGoofyMode, kIndentItems, kRemoveTabsBar,
+                    kRemoveSettingsButton, kRemoveSeparatingLine, kDPadEnabled, kDPadDoubleClickTabs, kExclusiveDPad,
+                    kDoubleClickScroll, kFullScrollings, kVgaMode, kThinLines, kRemoveHighlight})
+        Click(box);
+    for (int combo : {kOnClick, kOnDoubleClick, kTitleAlign, kDPadMode, kDPadScroll}) Choose(combo, 1);
+    Choose(kDPadComplete, 0);
+    Choose(kLoadingDelay, 3);
+    SetWindowTextW(Control(kHeight), L"200");
+    SetWindowTextW(Control(kLandscapeHeight), L"300");
+    Close();
+
+    const std::vector<std::wstring> order = {
+        L"OnClick", L"OnDoubleClick", L"SkinPath", L"EnableSoundEffect", L"RemoveHighlight", L"GoofyMode",
+        L"IndentItems", L"AutoHeight", L"dHeightLimit", L"dHeightLimitLandscape", L"RemoveTabsBar",
+        L"RemoveSettingsButton", L"RemoveSeparatingLine", L"FilterTtlAlign", L"VerticalTabs", L"DPadEnabled",
+        L"DPadMode", L"DPadCompleteAction", L"DPadDoubleClickTabSwitching", L"DPadScrollingAction",
+        L"ExclusiveDPadNavig", L"UseDoubleClickScroll", L"UseFullScrollings", L"MyVgaMode", L"UseThinLines",
+        L"LoadingDelay"};
+    RegistryWriteRecorder recorder;
+    ASSERT_TRUE(recorder.recording());
+    SaveSettings();
+    EXPECT_EQ(recorder.written(order), order);
 }
 
 TEST_F(GeneralPage, SkinPathClearsAndLanguagesNeedString719) {

@@ -146,6 +146,27 @@ TEST_F(SaveSettingsTest, PinnedMonthCalendarNeedsAHeightLimitOf200) {
     EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kCalendarPath, L"PinnedMonthlyClr");
 }
 
+TEST_F(SaveSettingsTest, TabSettingsAreWrittenEnabledValuesFirstThenOrdersThenTheDefaultTab) {
+    const std::vector<std::wstring> expected = {
+        L"CalendarTabEnabled", L"TasksTabEnabled",  L"NotesTabEnabled", L"ContactsTabEnabled", L"MailTabEnabled",
+        L"SEventsTabEnabled",  L"CalendarTabOrder", L"TasksTabOrder",   L"NotesTabOrder",      L"ContactsTabOrder",
+        L"MailTabOrder",       L"SEventsTabOrder",  L"DfltTabTimeOut",  L"DfltTab",            L"DfltTabOnStartup"};
+    // Every tab disabled and numbered backwards: all fifteen values differ from their defaults.
+    DWORD order = 6;
+    for (TabEntry* e = r().tabSettings.tabs.head(); e; e = e->next) {
+        e->enabled = 0;
+        e->order = order--;
+    }
+    SetInt(r().tabSettings.DfltTabTimeOut, 30);
+    SetInt(r().tabSettings.DfltTab, 2);
+    SetInt(r().tabSettings.DfltTabOnStartup, 1);
+    RegistryWriteRecorder recorder;
+    ASSERT_TRUE(recorder.recording());
+    SaveSettings(r());
+    EXPECT_EQ(Join(recorder.written(expected)), Join(expected));
+    EXPECT_EQ(RegValueCount(HKEY_CURRENT_USER, kTabsPath), 15u);
+}
+
 class TabSaving : public SaveSettingsTest {
 protected:
     void SetUp() override {
