@@ -472,8 +472,8 @@
 #define QL_CONTACTS_PAGE_STRING_IDS(X)                                                           \
     X(IDS_CNT_CATEGORY_COLOR_TEXT, 41236)                                                        \
     X(IDS_CNT_LAYOUT_LABEL, 41192)                                                               \
-    X(IDS_CNT_LAYOUT_LIST, 41189)                                                                \
-    X(IDS_CNT_LAYOUT_COLUMNS, 41190)                                                             \
+    X(IDS_CNT_LAYOUT_COLUMNS, 41189)                                                             \
+    X(IDS_CNT_LAYOUT_LIST, 41190)                                                                \
     X(IDS_CNT_LAYOUT_CARDS, 41191)                                                               \
     X(IDS_CNT_PHONE_WIDTH_LABEL, 41193)                                                          \
     X(IDS_CNT_HIDE_NO_PICTURE, 41194)

@@ -1,5 +1,6 @@
 #include "shell/page_factory.h"
 
+#include "pages/contacts_page.h"
 #include "pages/general_page.h"
 #include "pages/messages_page.h"
 #include "pages/pim_page.h"
@@ -18,7 +19,7 @@ struct PageEntry {
 // The pages in page-list order; a null creator is a page this build does not have yet.
 const PageEntry kPages[kPageCount] = {
     {L"GeneralSettingsWin", CreateGeneralPage},  {L"CalendarSettingsWin", nullptr}, {L"TasksSettingsWin", nullptr},
-    {L"NotesSettingsWin", nullptr},    {L"ContactSettingsWin", nullptr},  {L"MessagesSettingsWin", CreateMessagesPage},
+    {L"NotesSettingsWin", nullptr},    {L"ContactSettingsWin", CreateContactsPage},  {L"MessagesSettingsWin", CreateMessagesPage},
     {L"SEventsSettingsWin", CreateSEventsPage},  {L"FontSettingsWin", nullptr},     {L"ColorSettingsWin", nullptr},
     {L"PIMSettingsWin", CreatePimPage},      {L"TabsSettingsWin", CreateTabsPage},{L"CategorySettingsWin", nullptr},
 };
