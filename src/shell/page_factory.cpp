@@ -3,6 +3,7 @@
 #include "pages/contacts_page.h"
 #include "pages/general_page.h"
 #include "pages/messages_page.h"
+#include "pages/notes_page.h"
 #include "pages/pim_page.h"
 #include "pages/sevents_page.h"
 #include "pages/tabs_page.h"
@@ -19,7 +20,7 @@ struct PageEntry {
 // The pages in page-list order; a null creator is a page this build does not have yet.
 const PageEntry kPages[kPageCount] = {
     {L"GeneralSettingsWin", CreateGeneralPage},  {L"CalendarSettingsWin", nullptr}, {L"TasksSettingsWin", nullptr},
-    {L"NotesSettingsWin", nullptr},    {L"ContactSettingsWin", CreateContactsPage},  {L"MessagesSettingsWin", CreateMessagesPage},
+    {L"NotesSettingsWin", CreateNotesPage},    {L"ContactSettingsWin", CreateContactsPage},  {L"MessagesSettingsWin", CreateMessagesPage},
     {L"SEventsSettingsWin", CreateSEventsPage},  {L"FontSettingsWin", nullptr},     {L"ColorSettingsWin", nullptr},
     {L"PIMSettingsWin", CreatePimPage},      {L"TabsSettingsWin", CreateTabsPage},{L"CategorySettingsWin", nullptr},
 };
