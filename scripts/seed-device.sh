@@ -8,6 +8,10 @@
 # - A few items of the Today screen under HKLM\SOFTWARE\Microsoft\Today\Items: the system's own
 #   (types 0 to 2) and three plug-ins of type 4, one of them switched off, so that a plug-in can be
 #   added as a tab.
+# - Two custom alphabets of the contacts search bar in "\Program Files\Orvane\Quillory\CustomAlphabets"
+#   (from resources/alphabets, UTF-16 text without a byte-order mark): Thai.txt, offered by the
+#   alphabet selection, and Latvian.txt, which its name test passes over (the first '.', 't' or 'x'
+#   of the name must stand four characters from its end).
 #
 # Each part is seeded once only, so that the user's edits to it survive.
 #
@@ -78,6 +82,15 @@ seed_today_items() {
     touch "$marker"
 }
 
+seed_custom_alphabets() {
+    local marker=$prefix/.ql-custom-alphabets
+    local folder="$prefix/drive_c/Program Files/Orvane/Quillory/CustomAlphabets"
+    [ -e "$marker" ] && return 0
+    mkdir -p "$folder"
+    cp -n "$(dirname "$0")/../resources/alphabets/"*.txt "$folder/"
+    touch "$marker"
+}
+
 # The values the PIM page detects an application by: a non-zero "version", a non-zero "VerMajor",
 # a non-empty "InstallPath".
 seed_pim() {
@@ -104,4 +117,5 @@ reg_delete() { WINEPREFIX=$prefix wine reg delete "$1" /v "$2" /f >/dev/null 2>&
 
 seed_categories
 seed_today_items
+seed_custom_alphabets
 [ -z "$pim" ] || seed_pim "$pim"
