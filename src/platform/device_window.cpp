@@ -38,6 +38,7 @@ const wchar_t kDialogHookProperty[] = L"QLPlatform.DialogHook";
 
 HWND g_mainWindow = nullptr;
 int g_todayReloads = 0;
+const WPARAM kTodayReloadCode = 0xF2;
 
 RECT ClientOnScreen(HWND window) {
     RECT client;
@@ -279,6 +280,11 @@ BOOL DeviceSetForegroundWindow(HWND handleWithLowBit) {
     return result;
 }
 
-void NotifyTodayScreenReload() { ++g_todayReloads; }
+// The desktop window of a desktop system has no Today screen and passes the message on to its
+// default handling, which ignores it.
+void NotifyTodayScreenReload() {
+    ++g_todayReloads;
+    SendMessageW(GetDesktopWindow(), WM_WININICHANGE, kTodayReloadCode, 0);
+}
 
 int TodayReloadCount() { return g_todayReloads; }

@@ -45,7 +45,7 @@ void SizeAsDevice(HWND window);
 // SetForegroundWindow for the window.
 BOOL DeviceSetForegroundWindow(HWND handleWithLowBit);
 
-// The device's "Today screen, reload" request (WM_SETTINGCHANGE 0xF2 to the desktop). The desktop
-// has no Today screen: nothing is sent, the requests are only counted.
+// The device's "Today screen, reload" request: WM_WININICHANGE with 0xF2 sent to the desktop
+// window, as on the device (a desktop system ignores it). The requests are also counted.
 void NotifyTodayScreenReload();
 int TodayReloadCount();
