@@ -2,6 +2,8 @@
 # Builds QL Options, installs the device layout into a Wine prefix kept for the user, and starts
 # the program with drive C: current. With no X display it runs under Xvfb, saves a screenshot of
 # the program's window, prints the PNG's path and ends the program.
+# QL_SEED_PIM=informant,fusion,agendaone (any of them) makes the registry look as if those PIM
+# applications were installed; QL_SEED_PIM=none takes that back (see seed-device.sh).
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 ql_install_packages
@@ -18,7 +20,7 @@ prefix=${QL_RUN_PREFIX:-${XDG_DATA_HOME:-$HOME/.local/share}/ql-options/winepref
 export WINEPREFIX=$prefix
 ql_ensure_prefix "$prefix"
 ql_install_layout "$prefix"
-"$QL_ROOT/scripts/seed-device.sh" "$prefix"
+"$QL_ROOT/scripts/seed-device.sh" ${QL_SEED_PIM:+--pim "$QL_SEED_PIM"} "$prefix"
 wineserver -w
 
 cd "$prefix/drive_c"
