@@ -1,36 +1,14 @@
 // The real program, started as a user starts it: the Messages, Special events and PIM pages are
 // picked in the page grid with the keyboard, changed, left with OK, and Done writes exactly the
 // values that changed.
-#include <functional>
-
 #include "common/test_support.h"
+#include "e2e/program_process.h"
 #include "files/files_test_support.h"
 
 namespace {
 
 const wchar_t kProduct[] = L"Software\\Orvane\\Quillory";
 const wchar_t kAgendaFusion[] = L"SOFTWARE\\Developer One, Inc.\\Agenda Fusion";
-
-struct Program {
-    PROCESS_INFORMATION process = {};
-    Program() {
-        wchar_t command[] = L"\"C:\\Program Files\\Orvane\\Quillory\\ql_options.exe\"";
-        STARTUPINFOW startup = {sizeof startup};
-        CreateProcessW(nullptr, command, nullptr, nullptr, FALSE, 0, nullptr, L"C:\\", &startup, &process);
-    }
-    ~Program() {
-        if (WaitForSingleObject(process.hProcess, 0) == WAIT_TIMEOUT) TerminateProcess(process.hProcess, 1);
-        CloseHandle(process.hProcess);
-        CloseHandle(process.hThread);
-    }
-    bool Ended() { return WaitForSingleObject(process.hProcess, 15000) == WAIT_OBJECT_0; }
-};
-
-bool Within(DWORD ms, const std::function<bool()>& done) {
-    for (DWORD start = GetTickCount(); !done(); Sleep(50))
-        if (GetTickCount() - start > ms) return false;
-    return true;
-}
 
 // Picks a page in the grid: its title's first letter (repeat count 1, as a key press gives), then
 // Enter. The grid's type-ahead joins letters typed within half a second, hence the pause.
@@ -39,9 +17,8 @@ HWND OpenPage(HWND main, wchar_t letter, const wchar_t* className) {
     HWND grid = FindWindowExW(main, nullptr, L"SysListView32", nullptr);
     PostMessageW(grid, WM_CHAR, letter, 1);
     PostMessageW(grid, WM_KEYDOWN, VK_RETURN, 0);
-    HWND page = nullptr;
-    Within(20000, [&] { return (page = FindWindowW(className, className)) && IsWindowVisible(page); });
-    return page;
+    HWND page = WaitForTopWindow(className, className);
+    return page && WaitForVisible(page) ? page : nullptr;
 }
 
 HWND PageControl(HWND page, int number) { return GetDlgItem(page, 0x1000 + number); }
@@ -49,15 +26,15 @@ HWND PageControl(HWND page, int number) { return GetDlgItem(page, 0x1000 + numbe
 // The title bar's OK: the page stores its values and closes.
 bool PressOk(HWND page) {
     PostMessageW(page, WM_COMMAND, IDOK, 0);
-    return Within(10000, [&] { return !IsWindow(page); });
+    return WaitForGone(page);
 }
 
 TEST(PagesProgram, ThreePagesChangedThenDoneWritesExactlyTheirChanges) {
     RegRemoveTree(HKEY_CURRENT_USER, kProduct);
     RegPutDword(HKEY_LOCAL_MACHINE, kAgendaFusion, L"VerMajor", 3);
-    Program program;
-    HWND main = nullptr;
-    ASSERT_TRUE(Within(20000, [&] { return (main = FindWindowW(L"QL_OPTIONS", L"QL Options")) && IsWindowVisible(main); }));
+    ProgramProcess program;
+    HWND main = WaitForTopWindow(L"QL_OPTIONS", L"QL Options");
+    ASSERT_TRUE(main && WaitForVisible(main));
 
     HWND messages = OpenPage(main, L'm', L"MessagesSettingsWin");
     ASSERT_NE(messages, nullptr);
@@ -77,7 +54,7 @@ TEST(PagesProgram, ThreePagesChangedThenDoneWritesExactlyTheirChanges) {
     EXPECT_TRUE(WithoutEmptyKeys(Snapshot(HKEY_CURRENT_USER, kProduct)).empty()) << "nothing before Done";
 
     PostMessageW(main, WM_COMMAND, 1, 0);
-    EXPECT_TRUE(program.Ended());
+    EXPECT_EQ(program.WaitExit(15000), 0);
     auto dword = [](DWORD value) { return RegValueData{REG_DWORD, std::string(reinterpret_cast<char*>(&value), 4)}; };
     RegSnapshot expected = {{std::wstring(kProduct) + L"\\Messages", {{L"MsgsOpenOnClick", dword(1)}}},
                             {std::wstring(kProduct) + L"\\SEvents", {{L"SEventDays", dword(0)}}},
