@@ -1,5 +1,6 @@
 #include "shell/page_factory.h"
 
+#include "pages/colours_page.h"
 #include "pages/contacts_page.h"
 #include "pages/general_page.h"
 #include "pages/messages_page.h"
@@ -21,7 +22,7 @@ struct PageEntry {
 const PageEntry kPages[kPageCount] = {
     {L"GeneralSettingsWin", CreateGeneralPage},  {L"CalendarSettingsWin", nullptr}, {L"TasksSettingsWin", nullptr},
     {L"NotesSettingsWin", CreateNotesPage},    {L"ContactSettingsWin", CreateContactsPage},  {L"MessagesSettingsWin", CreateMessagesPage},
-    {L"SEventsSettingsWin", CreateSEventsPage},  {L"FontSettingsWin", nullptr},     {L"ColorSettingsWin", nullptr},
+    {L"SEventsSettingsWin", CreateSEventsPage},  {L"FontSettingsWin", nullptr},     {L"ColorSettingsWin", CreateColoursPage},
     {L"PIMSettingsWin", CreatePimPage},      {L"TabsSettingsWin", CreateTabsPage},{L"CategorySettingsWin", nullptr},
 };
 
