@@ -133,6 +133,12 @@ void IconMarkerStrip::ChooseMarker(int value) {
     SendMessageW(owner_, kMarkerSelectedMessage, static_cast<WPARAM>(value), static_cast<LPARAM>(number_));
 }
 
+int IconMarkerStrip::ChosenValue() const {
+    for (const Marker& marker : markers_)
+        if (marker.state == kMarkerOff) return marker.value;
+    return kNoMarker;
+}
+
 void IconMarkerStrip::OpenMenu() {
     HMENU menu = CreatePopupMenu();
     bool noneOff = true;
@@ -150,6 +156,7 @@ void IconMarkerStrip::OpenMenu() {
                                   strip.top + ScaleForDisplay(18), 0, window_, nullptr);
     DestroyMenu(menu);
     if (command >= kMarkerCommandBase && command <= kMarkerCommandLast) ChooseMarker(command - kMarkerCommandBase);
+    if (command == kMarkerCommandBase - 1) ChooseMarker(kNoMarker);
 }
 
 void IconMarkerStrip::ShowTip(const wchar_t* text, POINT tap) {
@@ -180,9 +187,31 @@ void IconMarkerStrip::HideTip() {
     }
 }
 
+// A drop-down shows only its chosen marker (none: an empty cell) and an arrow that opens the menu.
+void IconMarkerStrip::PaintChoice(HDC dc) {
+    RECT client;
+    GetClientRect(window_, &client);
+    FrameRect(dc, &client, static_cast<HBRUSH>(GetStockObject(GRAY_BRUSH)));
+    int index = IndexOfValue(ChosenValue());
+    if (index >= 0 && ItemIcons())
+        ImageList_Draw(ItemIcons(), markers_[index].image, dc, ScaleForDisplay(1), ScaleForDisplay(1), ILD_TRANSPARENT);
+    int middle = ScaleForDisplay(17) + (client.right - ScaleForDisplay(17)) / 2;
+    int top = client.bottom / 2 - ScaleForDisplay(1);
+    POINT arrow[3] = {{middle - ScaleForDisplay(2), top}, {middle + ScaleForDisplay(2), top},
+                      {middle, top + ScaleForDisplay(2)}};
+    DcSelection brush(dc, GetStockObject(BLACK_BRUSH));
+    DcSelection pen(dc, GetStockObject(BLACK_PEN));
+    Polygon(dc, arrow, 3);
+}
+
 void IconMarkerStrip::Paint() {
     PAINTSTRUCT paint;
     HDC dc = BeginPaint(window_, &paint);
+    if (menuMode_) {
+        PaintChoice(dc);
+        EndPaint(window_, &paint);
+        return;
+    }
     int cell = ScaleForDisplay(16);
     HIMAGELIST icons = ItemIcons();
     for (int i = 0; i < count(); ++i) {

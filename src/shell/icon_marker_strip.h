@@ -10,8 +10,11 @@
 
 enum MarkerState { kMarkerOff = 0, kMarkerOn = 1, kMarkerFixed = 2 };
 
-// Menu command of the marker with value v: kMarkerCommandBase + v (v from 0 to 30).
+// Menu command of the marker with value v: kMarkerCommandBase + v (v from 0 to 30). The menu's
+// first item ("None") has the command just below and chooses no marker: the owner is then told
+// the value kNoMarker.
 const UINT kMarkerCommandBase = 1144;
+const int kNoMarker = -1;
 const UINT kMarkerCommandLast = 1174;
 const UINT kAllMarkersTextId = 40791;
 const UINT_PTR kTipShowTimer = 9979;
@@ -44,8 +47,10 @@ public:
     int HitTest(int x) const;
     // What a tap at client point (x, y) does.
     void Tap(int x, int y);
-    // What choosing the marker command of `value` from the menu does.
+    // What choosing the marker command of `value` from the menu does (kNoMarker: "None").
     void ChooseMarker(int value);
+    // In menu mode: the value of the chosen marker (the one that is off), or kNoMarker.
+    int ChosenValue() const;
     HWND toolTip() const { return toolTip_; }
 
 private:
@@ -57,6 +62,7 @@ private:
     };
     static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     void Paint();
+    void PaintChoice(HDC dc);
     void ShowTip(const wchar_t* text, POINT tapInScreen);
     void HideTip();
     void OpenMenu();

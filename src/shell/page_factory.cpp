@@ -1,5 +1,6 @@
 #include "shell/page_factory.h"
 
+#include "pages/calendar_page.h"
 #include "pages/colours_page.h"
 #include "pages/contacts_page.h"
 #include "pages/general_page.h"
@@ -20,7 +21,7 @@ struct PageEntry {
 
 // The pages in page-list order; a null creator is a page this build does not have yet.
 const PageEntry kPages[kPageCount] = {
-    {L"GeneralSettingsWin", CreateGeneralPage},  {L"CalendarSettingsWin", nullptr}, {L"TasksSettingsWin", nullptr},
+    {L"GeneralSettingsWin", CreateGeneralPage},  {L"CalendarSettingsWin", CreateCalendarPage}, {L"TasksSettingsWin", nullptr},
     {L"NotesSettingsWin", CreateNotesPage},    {L"ContactSettingsWin", CreateContactsPage},  {L"MessagesSettingsWin", CreateMessagesPage},
     {L"SEventsSettingsWin", CreateSEventsPage},  {L"FontSettingsWin", nullptr},     {L"ColorSettingsWin", CreateColoursPage},
     {L"PIMSettingsWin", CreatePimPage},      {L"TabsSettingsWin", CreateTabsPage},{L"CategorySettingsWin", nullptr},
