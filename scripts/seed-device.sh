@@ -12,6 +12,8 @@
 #   (from resources/alphabets, UTF-16 text without a byte-order mark): Thai.txt, offered by the
 #   alphabet selection, and Latvian.txt, which its name test passes over (the first '.', 't' or 'x'
 #   of the name must stand four characters from its end).
+# - Three sample colour schemes in "\Program Files\Orvane\Quillory\Schemes" (from
+#   resources/schemes): a light, a dark and a high-contrast look, ready to load on the Colours page.
 #
 # Each part is seeded once only, so that the user's edits to it survive.
 #
@@ -91,6 +93,15 @@ seed_custom_alphabets() {
     touch "$marker"
 }
 
+seed_sample_schemes() {
+    local marker=$prefix/.ql-sample-schemes
+    local folder="$prefix/drive_c/Program Files/Orvane/Quillory/Schemes"
+    [ -e "$marker" ] && return 0
+    mkdir -p "$folder"
+    cp -n "$(dirname "$0")/../resources/schemes/"*.scm "$folder/"
+    touch "$marker"
+}
+
 # The values the PIM page detects an application by: a non-zero "version", a non-zero "VerMajor",
 # a non-empty "InstallPath".
 seed_pim() {
@@ -118,4 +129,5 @@ reg_delete() { WINEPREFIX=$prefix wine reg delete "$1" /v "$2" /f >/dev/null 2>&
 seed_categories
 seed_today_items
 seed_custom_alphabets
+seed_sample_schemes
 [ -z "$pim" ] || seed_pim "$pim"
