@@ -3,24 +3,16 @@
 #include <string>
 
 #include "common/test_support.h"
+#include "e2e/program_process.h"
 
 namespace {
 
-const wchar_t kProgram[] = L"C:\\Program Files\\Orvane\\Quillory\\ql_options.exe";
 const std::wstring kTabs = L"Software\\Orvane\\Quillory\\TabSettings";
 const std::wstring kWeather = L"SOFTWARE\\Microsoft\\Today\\Items\\Weather";
 
 HWND WaitFor(const wchar_t* className, const wchar_t* title) {
-    for (DWORD start = GetTickCount(); GetTickCount() - start < 20000; Sleep(50))
-        if (HWND window = FindWindowW(className, title))
-            if (IsWindowVisible(window)) return window;
-    return nullptr;
-}
-
-bool WaitGone(HWND window) {
-    for (DWORD start = GetTickCount(); IsWindow(window); Sleep(50))
-        if (GetTickCount() - start > 10000) return false;
-    return true;
+    HWND window = WaitForTopWindow(className, title);
+    return window && WaitForVisible(window) ? window : nullptr;
 }
 
 void Key(HWND window, UINT key) { PostMessageW(window, WM_KEYDOWN, key, 0); }
@@ -38,19 +30,8 @@ TEST(TabsProgram, HiddenMovedRemovedAndAddedTabsReachTabSettingsOnDone) {
     RegPutDword(HKEY_LOCAL_MACHINE, kWeather.c_str(), L"Type", 4);
     RegPutString(HKEY_LOCAL_MACHINE, kWeather.c_str(), L"DLL", L"weather.dll");
 
-    STARTUPINFOW startup = {sizeof startup};
-    PROCESS_INFORMATION process = {};
-    std::wstring commandLine = std::wstring(L"\"") + kProgram + L"\"";
-    ASSERT_TRUE(CreateProcessW(kProgram, &commandLine[0], nullptr, nullptr, FALSE, 0, nullptr, L"C:\\", &startup,
-                               &process));
-    struct Ending {  // a program left running by a failed step is ended
-        PROCESS_INFORMATION& p;
-        ~Ending() {
-            if (WaitForSingleObject(p.hProcess, 0) == WAIT_TIMEOUT) TerminateProcess(p.hProcess, 1);
-            CloseHandle(p.hProcess);
-            CloseHandle(p.hThread);
-        }
-    } ending{process};
+    ProgramProcess program;
+    ASSERT_TRUE(program.started());
     HWND main = WaitFor(L"QL_OPTIONS", L"QL Options");
     ASSERT_NE(main, nullptr);
     HWND grid = FindWindowExW(main, nullptr, L"SysListView32", nullptr);
@@ -73,12 +54,12 @@ TEST(TabsProgram, HiddenMovedRemovedAndAddedTabsReachTabSettingsOnDone) {
     HWND question = WaitFor(L"#32770", L"Add Tab");
     ASSERT_NE(question, nullptr);
     PostMessageW(question, WM_COMMAND, IDYES, 0);
-    EXPECT_TRUE(WaitGone(chooser));
+    EXPECT_TRUE(WaitForGone(chooser));
     PostMessageW(page, WM_COMMAND, IDOK, 0);
-    EXPECT_TRUE(WaitGone(page));
+    EXPECT_TRUE(WaitForGone(page));
     EXPECT_FALSE(RegValueExists(HKEY_CURRENT_USER, kTabs.c_str(), L"TasksTabEnabled")) << "not before Done";
     PostMessageW(main, WM_COMMAND, 1, 0);
-    EXPECT_EQ(WaitForSingleObject(process.hProcess, 15000), WAIT_OBJECT_0);
+    EXPECT_EQ(program.WaitExit(15000), 0);
 
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kTabs.c_str(), L"TasksTabEnabled", 0);
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kTabs.c_str(), L"NotesTabOrder", 2);
