@@ -33,8 +33,6 @@ const int kExtensionLength = 4;
 const int kRowTextChars = 256;
 const int kTitleChars = 256;
 
-const DWORD kListStyle = WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL |
-                         LVS_NOSORTHEADER | LVS_SHOWSELALWAYS;
 // Check boxes and full-row selection; the high bit is the device's "no horizontal scroll bar".
 const DWORD kListExtendedStyle = 0x10000024;
 const UINT kUntickedState = INDEXTOSTATEIMAGEMASK(1);
@@ -112,8 +110,9 @@ SharedString AlphabetSelectionDialog::GetTitle() {
 void AlphabetSelectionDialog::CreateControls(HWND window) {
     label_ = CreateChild(window, L"static", kLabelText, WS_CHILD | WS_VISIBLE | SS_LEFT, false, kAlphabetLabel, 0);
     if (label_ && g_app.normalFont) SendMessageW(label_, WM_SETFONT, reinterpret_cast<WPARAM>(g_app.normalFont), TRUE);
-    list_ = CreateChild(window, WC_LISTVIEWW, L"", kListStyle, false, kAlphabetList, 0);
+    list_ = AddList(window, L"", 0);
     if (!list_) return;
+    SetWindowLongPtrW(list_, GWLP_ID, kAlphabetList);
     ListView_SetExtendedListViewStyle(list_, kListExtendedStyle);
     LVCOLUMNW column = {};
     column.mask = LVCF_TEXT | LVCF_WIDTH;
