@@ -366,7 +366,16 @@ void CalendarSettingsWin::CreateGeneralRows() {
 }
 
 void CalendarSettingsWin::CreateOptionLists() {
-    for (const OptionList& list : kOptionLists) CreateList(list.control, list.rowIds, list.rowCount, ScaleForDisplayY(8));
+    for (const OptionList& list : kOptionLists) {
+        CreateList(list.control, list.rowIds, list.rowCount, ScaleForDisplayY(8));
+        FitColumn(control(list.control));
+    }
+}
+
+// The column takes the list's width less its scroll bar, so no horizontal scroll bar appears.
+void CalendarSettingsWin::FitColumn(HWND list) {
+    RECT client = {};
+    if (list && GetClientRect(list, &client)) SendMessageW(list, LVM_SETCOLUMNWIDTH, 0, client.right);
 }
 
 void CalendarSettingsWin::CreateDetailControls() {
@@ -401,7 +410,7 @@ void CalendarSettingsWin::CreateTitleOrderList() {
     SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, 0x10000020);
     LVCOLUMNW column = {};
     column.mask = LVCF_TEXT | LVCF_WIDTH;
-    column.cx = 300;
+    column.cx = 300;  // narrowed to the list below: the desktop list has no "no horizontal scroll" style
     column.pszText = const_cast<wchar_t*>(L"Column");
     SendMessageW(list, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
     SendMessageW(list, LVM_DELETEALLITEMS, 0, 0);
@@ -416,6 +425,7 @@ void CalendarSettingsWin::CreateTitleOrderList() {
         item.lParam = static_cast<LPARAM>(part);
         SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
     }
+    FitColumn(list);
 }
 
 HWND CalendarSettingsWin::CreateStripFor(SettingsPage* page, int stripNumber, HWND parent, int x, int y) {
@@ -524,7 +534,10 @@ LRESULT CalendarSettingsWin::OnMove(HWND) {
     int width = ClientWidth() - ScaleForDisplay(20);
     int height = ClientHeight() - ScaleForDisplay(96) - ScaleForDisplayY(8);
     for (const OptionList& list : kOptionLists)
-        if (HWND listView = control(list.control)) MoveWindow(listView, ScaleForDisplay(10), top, width, height, TRUE);
+        if (HWND listView = control(list.control)) {
+            MoveWindow(listView, ScaleForDisplay(10), top, width, height, TRUE);
+            FitColumn(listView);
+        }
     return 0;
 }
 

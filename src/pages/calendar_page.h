@@ -37,6 +37,7 @@ private:
     static HWND CreateStripFor(SettingsPage* page, int stripNumber, HWND parent, int x, int y);
     void CreateGeneralRows();
     void CreateOptionLists();
+    static void FitColumn(HWND list);
     void CreateDetailControls();
     void CreateTitleOrderList();
     void CreateIconRows();
