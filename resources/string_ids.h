@@ -519,6 +519,7 @@
     X(IDS_FNT_GLOW_DARK, 40689)                                                                  \
     X(IDS_FNT_FORCE_CLEARTYPE, 40647)                                                            \
     X(IDS_FNT_EDIT, 40578)                                                                       \
+    X(IDS_FNT_RESET_SIZES, 41290)                                                                \
     X(IDS_FNT_RESET_HEIGHTS_TEXT, 40206)                                                         \
     X(IDS_FNT_RESET_HEIGHTS_CAPTION, 40207)                                                      \
     X(IDS_FNT_PREVIEW_FONT_PREFIX, 40629)                                                        \

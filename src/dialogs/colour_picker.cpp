@@ -346,7 +346,8 @@ void ColourPickerDialog::Layout(HWND window, int width, int height) {
         int column = i % kPaletteColumns;
         place(palette_[i], left + pitch * column, ScaleForDisplay(10) + ScaleForDisplay(26) * row, cell, cell);
     }
-    InvalidateRect(window, nullptr, TRUE);
+    // Moved controls keep bits drawn for their old size: all of them are drawn again.
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 RECT ColourPickerDialog::SampleRect() const {

@@ -51,6 +51,7 @@ private:
     RECT SwatchRect() const;
     void SetCheck(int id, bool ticked) { CheckDlgButton(window_, id, ticked ? BST_CHECKED : BST_UNCHECKED); }
     bool Ticked(int id) const { return IsDlgButtonChecked(window_, id) == BST_CHECKED; }
+    HFONT PageFont() const { return g_app.normalFont ? g_app.normalFont : normalFont(); }
 
     LOGFONTW* font_;
     COLORREF* colour_;
@@ -69,9 +70,11 @@ BOOL FontDialog::OnInitDialog(HWND window) {
     return TRUE;
 }
 
+// The controls take the font of the pages, not the template's.
 void FontDialog::CreateControls(HWND window) {
+    HFONT font = PageFont();
     for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(normalFont()), TRUE);
+        SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
     SetCheck(IDC_FONT_BOLD, font_->lfWeight == kBoldWeight);
     SetCheck(IDC_FONT_ITALIC, font_->lfItalic != 0);
     SetCheck(IDC_FONT_UNDERLINE, font_->lfUnderline != 0);
@@ -108,7 +111,8 @@ void FontDialog::Layout(HWND window, int width, int height) {
     top += ScaleForDisplayY(24);
     place(IDC_FONT_COLOR_LABEL, 0, top + ScaleForDisplay(3), width - ScaleForDisplay(110), ScaleForDisplay(20));
     place(IDC_FONT_SET_COLOR, width - ScaleForDisplay(50), top, ScaleForDisplay(40), ScaleForDisplay(20));
-    InvalidateRect(window, nullptr, TRUE);
+    // Moved controls keep bits drawn for their old size: all of them are drawn again.
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 RECT FontDialog::SwatchRect() const {
@@ -131,7 +135,7 @@ void FontDialog::OnPaint(HWND window, HDC dc, const PAINTSTRUCT& paint) {
     FillRect(dc, &swatch, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
     WString none;
     none.load(g_app.languageLibrary, IDS_NO_COLOR);
-    DcSelection font(dc, g_app.normalFont ? g_app.normalFont : normalFont());
+    DcSelection font(dc, PageFont());
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, RGB(0, 0, 0));
     DrawTextW(dc, none.c_str(), -1, &swatch, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);

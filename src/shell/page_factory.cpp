@@ -3,6 +3,7 @@
 #include "pages/calendar_page.h"
 #include "pages/colours_page.h"
 #include "pages/contacts_page.h"
+#include "pages/fonts_page.h"
 #include "pages/general_page.h"
 #include "pages/messages_page.h"
 #include "pages/notes_page.h"
@@ -23,7 +24,7 @@ struct PageEntry {
 const PageEntry kPages[kPageCount] = {
     {L"GeneralSettingsWin", CreateGeneralPage},  {L"CalendarSettingsWin", CreateCalendarPage}, {L"TasksSettingsWin", nullptr},
     {L"NotesSettingsWin", CreateNotesPage},    {L"ContactSettingsWin", CreateContactsPage},  {L"MessagesSettingsWin", CreateMessagesPage},
-    {L"SEventsSettingsWin", CreateSEventsPage},  {L"FontSettingsWin", nullptr},     {L"ColorSettingsWin", CreateColoursPage},
+    {L"SEventsSettingsWin", CreateSEventsPage},  {L"FontSettingsWin", CreateFontsPage},     {L"ColorSettingsWin", CreateColoursPage},
     {L"PIMSettingsWin", CreatePimPage},      {L"TabsSettingsWin", CreateTabsPage},{L"CategorySettingsWin", nullptr},
 };
 

@@ -5,6 +5,7 @@
 
 #include "common/dialog_answer.h"
 #include "common/test_support.h"
+#include "settings/settings_test_util.h"
 
 namespace {
 
@@ -175,6 +176,39 @@ TEST_F(ProgramTest, DonePostsTheChangeMessageToAllWindowsAndExits) {
     EXPECT_EQ(g_lParam, 0);
     EXPECT_FALSE(ProductKeyHasValues()) << "nothing was changed, so nothing is written";
     DestroyWindow(listener);
+}
+
+// A user types the first letters of "Fonts" on the page grid and presses Enter, changes two
+// options, leaves the page with its OK and then the program with Done.
+TEST_F(ProgramTest, FontsPageChangesReachTheRegistryOnDoneAndNowhereElse) {
+    const wchar_t fonts[] = L"Software\\Orvane\\Quillory\\Fonts";
+    const int controlIdBase = 0x1000, titleSizeCombo = 3, advancedCheck = 4;
+    Program program;
+    HWND main = WaitForWindow(L"QL_OPTIONS", L"QL Options");
+    ASSERT_NE(main, nullptr);
+    ASSERT_TRUE(WaitUntilVisible(main));
+    HWND grid = FindWindowExW(main, nullptr, L"SysListView32", nullptr);
+    ASSERT_NE(grid, nullptr);
+    PostMessageW(grid, WM_CHAR, L'F', 1);  // lParam: a repeat count of 1
+    PostMessageW(grid, WM_CHAR, L'o', 1);
+    PostMessageW(grid, WM_KEYDOWN, VK_RETURN, 1);
+    HWND page = WaitForWindow(L"FontSettingsWin", nullptr);
+    ASSERT_NE(page, nullptr);
+    ASSERT_TRUE(WaitUntilVisible(page));
+
+    SendMessageW(GetDlgItem(page, controlIdBase + titleSizeCombo), CB_SETCURSEL, 8, 0);  // "18"
+    SendMessageW(GetDlgItem(page, controlIdBase + advancedCheck), BM_CLICK, 0, 0);
+    PostMessageW(page, WM_COMMAND, IDOK, 0);
+    DWORD start = GetTickCount();
+    while (IsWindow(page) && GetTickCount() - start < 10000) Sleep(50);
+    EXPECT_FALSE(IsWindow(page)) << "the page's OK closes it";
+    EXPECT_FALSE(RegValueExists(HKEY_CURRENT_USER, fonts, L"FontGnrlUseAdvncd")) << "not before Done";
+
+    PostMessageW(main, WM_COMMAND, 1, 0);
+    EXPECT_EQ(program.WaitExit(15000), 0);
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, fonts, L"FontGnrlUseAdvncd", 1);
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, fonts, L"FontGnrlTitlesSize", 18);
+    EXPECT_EQ(RegValueCountTree(HKEY_CURRENT_USER, kProduct), 2u) << "nothing else is written";
 }
 
 }  // namespace
