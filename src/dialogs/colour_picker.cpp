@@ -72,6 +72,7 @@ private:
     void OnSliderMoved(HWND slider, int code);
     void OnFieldLeft(int index);
     void OnHtmlFieldLeft();
+    void LeaveFocusedField();
     void ChoosePalette(int index);
     void ShowTab(int tab);
     void End(COLORREF result, INT_PTR code);
@@ -206,6 +207,7 @@ bool ColourPickerDialog::OnCommand(WPARAM wParam, LPARAM lParam) {
     }
     switch (id) {
     case IDOK:
+        LeaveFocusedField();  // a value typed just before OK counts
         End(colour_, 1);
         return true;
     case IDCANCEL:
@@ -268,6 +270,14 @@ void ColourPickerDialog::OnHtmlFieldLeft() {
     swscanf(text, L"%02lX%02lX%02lX", &parts[0], &parts[1], &parts[2]);
     for (int i = 0; i < 3; ++i) *Component(i) = static_cast<int>(parts[i] & 0xFF);
     ComponentsChanged(nullptr);
+}
+
+void ColourPickerDialog::LeaveFocusedField() {
+    HWND focus = GetFocus();
+    if (!focus) return;
+    if (focus == htmlField_) OnHtmlFieldLeft();
+    for (int i = 0; i < 3; ++i)
+        if (focus == fields_[i]) OnFieldLeft(i);
 }
 
 void ColourPickerDialog::ChoosePalette(int index) {

@@ -49,11 +49,11 @@ protected:
         SendMessageW(dialog_, WM_HSCROLL, MAKEWPARAM(code, position), (LPARAM)Item(kPickerRedSlider + i));
     }
     // Types over a field, then leaves it from the dialog's own loop (a message box may follow).
-    bool TypeAndLeave(int field, const wchar_t* text) {
+    bool TypeAndLeave(int field, const wchar_t* text, bool leave = true) {
         SetFocus(Item(field));
         SendMessageW(Item(field), EM_SETSEL, 0, -1);
         SendMessageW(Item(field), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text));
-        PostMessageW(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Item(kPickerTabs)), TRUE);
+        if (leave) PostMessageW(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Item(kPickerTabs)), TRUE);
         return true;
     }
     bool Post(int command, HWND to = nullptr) { return PostMessageW(to ? to : dialog_, WM_COMMAND, command, 0); }
@@ -92,9 +92,9 @@ TEST_F(ColourPickerTest, SlidersFieldsAndHtmlTruncateAndCheckAtTheirBoundaries) 
         [&] {
             EXPECT_EQ(Shown(), L"0 255 128 00FF80 ");
             EXPECT_EQ(Position(2), 50);
-            return TypeAndLeave(kPickerHtmlField, L"C0");  // only red can be read
+            TypeAndLeave(kPickerHtmlField, L"C0", false);  // only red can be read; OK reads it
+            return Post(IDOK);
         },
-        [&] { return Post(IDOK); },
     });
     EXPECT_EQ(result, RGB(0xC0, 0xFF, 0x80));
     size_t first = messages.find(L"Valid values are between 0-255");
@@ -151,10 +151,8 @@ TEST_F(ColourPickerTest, DefaultCancelAndThePalette) {
     });
     EXPECT_EQ(palette, 0x00330033u) << "#330033 as 0x00BBGGRR";
 
-    COLORREF escaped = Run(0, {
-        [&] { return Post(kPickerFirstTabCommand + 2); },
-        [&] { return SetFocus(Palette(2)), PostMessageW(Palette(2), WM_KEYDOWN, VK_ESCAPE, 0); },
-    }, false);
+    COLORREF escaped = Run(0, {[&] { return Post(kPickerFirstTabCommand + 2); },
+                               [&] { return SetFocus(Palette(2)), PostMessageW(Palette(2), WM_KEYDOWN, VK_ESCAPE, 0); }});
     EXPECT_EQ(escaped, kColourCancelled) << "Escape on button 2 cancels";
 }
 
