@@ -187,8 +187,9 @@ const Option kMonthOptions[] = {
 const UINT kMailFormatChoices[] = {IDS_CAL_MAIL_FORMAT_UNREAD, IDS_CAL_MAIL_FORMAT_UNREAD_TOTAL,
                                    IDS_CAL_MAIL_FORMAT_UNREAD_OF_TOTAL, IDS_CAL_MAIL_FORMAT_INBOX};
 const UINT kMailProgramChoices[] = {IDS_CAL_MAIL_PROGRAM_MESSAGING, IDS_CAL_MAIL_PROGRAM_CUSTOM};
-const UINT kMailRows[] = {IDS_CAL_ROW_MAIL_LINE,           IDS_CAL_ROW_MAIL_HIDE_EMPTY,  IDS_CAL_ROW_MAIL_TITLE_FORMAT,
-                          IDS_CAL_ROW_MAIL_PROGRAM,        IDS_CAL_ROW_MAIL_CUSTOM_PROGRAM, IDS_CAL_ROW_MAIL_UNDER_TODAY,
+const UINT kMailRows[] = {IDS_CAL_ROW_MAIL_LINE,          IDS_CAL_ROW_MAIL_HIDE_EMPTY,
+                          IDS_CAL_ROW_MAIL_TITLE_FORMAT,  IDS_CAL_ROW_MAIL_PROGRAM,
+                          IDS_CAL_ROW_MAIL_CUSTOM_PROGRAM, IDS_CAL_ROW_MAIL_UNDER_TODAY,
                           IDS_CAL_ROW_MAIL_COUNTER};
 const Option kMailOptions[] = {
     CHECK(IncludeMainOnCal, IDS_CAL_MAIL_LINE_TITLE, IDS_CAL_MAIL_LINE_TIP),
@@ -400,7 +401,8 @@ void CalendarSettingsWin::CreateDetailControls() {
 }
 
 void CalendarSettingsWin::CreateTitleOrderList() {
-    const DWORD kOrderStyle = WS_CHILD | WS_BORDER | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOCOLUMNHEADER;
+    const DWORD kOrderStyle =
+        WS_CHILD | WS_BORDER | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOCOLUMNHEADER;
     auto s = ScaleForDisplay;
     int top = ScaleForDisplayY(8);
     HWND list = CreateChild(kTitleOrder, WC_LISTVIEWW, L"", kOrderStyle, s(10), top, s(160), s(62));
@@ -661,10 +663,12 @@ void CalendarSettingsWin::FillChoices(const Option& option) {
         break;
     case kDueDateForms:
         add(DateText(today, nullptr, DATE_SHORTDATE).c_str(), 0);
-        for (const wchar_t* picture : {L"M'/'d'/'yy", L"d'/'M'/'yy", L"M'/'d", L"d'/'M"}) add(DateText(today, picture).c_str(), 0);
+        for (const wchar_t* picture : {L"M'/'d'/'yy", L"d'/'M'/'yy", L"M'/'d", L"d'/'M"})
+            add(DateText(today, picture).c_str(), 0);
         break;
     case kDayTitleForms:
-        for (const wchar_t* picture : {L"dddd',' MMM dd yyyy", L"dddd',' MMM dd", L"ddd',' MMM dd yyyy", L"ddd',' MMM dd"})
+        for (const wchar_t* picture :
+             {L"dddd',' MMM dd yyyy", L"dddd',' MMM dd", L"ddd',' MMM dd yyyy", L"ddd',' MMM dd"})
             add(DateText(today, picture).c_str(), 0);
         add(DateText(today, nullptr, DATE_SHORTDATE).c_str(), 0);
         add(DateText(today, nullptr, DATE_LONGDATE).c_str(), 0);

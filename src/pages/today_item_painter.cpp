@@ -144,7 +144,8 @@ private:
             subject.append(item_.secondLine.c_str());
         }
         Text(subject.c_str(), subjectLeft, area.top, subjectRight, DT_LEFT | DT_END_ELLIPSIS);
-        if (layout.twoLines) Text(item_.secondLine.c_str(), subjectLeft, area.top + lineHeight_, area.right, DT_LEFT | DT_END_ELLIPSIS);
+        if (layout.twoLines)
+            Text(item_.secondLine.c_str(), subjectLeft, area.top + lineHeight_, area.right, DT_LEFT | DT_END_ELLIPSIS);
     }
 
     void PaintTask(const RECT& area) {
