@@ -97,12 +97,33 @@ void OpenPlainList() {
     ListView_InsertColumn(g_plainList, 0, &column);
 }
 
+// Without windows (no display) the browser would list nothing and the figures would be for no
+// work at all.
 void SetUp() {
     INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&controls);
     MakeEntries();
     OpenBrowser();
     OpenPlainList();
+    BenchCheck(g_browserWindow && GetDlgItem(g_browserWindow, kBrowserList), "browser window and list created");
+    BenchCheck(g_plainList != nullptr, "plain list created");
+}
+
+LPARAM ItemParameter(HWND list, int index) {
+    LVITEMW item = {};
+    item.mask = LVIF_PARAM;
+    item.iItem = index;
+    return ListView_GetItem(list, &item) ? item.lParam : -1;
+}
+
+// Every entry listed; sorted, the folders come first.
+void CheckListed(HWND list, bool sorted, const char* what) {
+    BenchCheckCount(ListView_GetItemCount(list), kFolders + kFiles, what);
+    if (!sorted) return;
+    BenchCheck((ItemParameter(list, 0) & FileBrowserDialog::kFolderBit) &&
+                   (ItemParameter(list, kFolders - 1) & FileBrowserDialog::kFolderBit) &&
+                   !(ItemParameter(list, kFolders) & FileBrowserDialog::kFolderBit),
+               "folders sorted before files");
 }
 
 void TearDown() {
@@ -133,17 +154,25 @@ void RawFill(HWND shadow) {
     }
     if (find != INVALID_HANDLE_VALUE) FindClose(find);
     SendMessageW(g_plainList, WM_SETREDRAW, TRUE, 0);
-    BenchKeep(count);
+    BenchCheckCount(count, kFolders + kFiles, "entries enumerated");
+    CheckListed(g_plainList, false, "entries inserted into the plain list");
+    if (shadow) CheckListed(shadow, false, "entries inserted into the shadow list");
 }
 
 void RawEnumerateAndInsert() { RawFill(nullptr); }
 
+// The browser's own fill, from the folder it shows.
+void FillBrowser() {
+    g_browser->FillList();
+    wchar_t path[MAX_PATH] = L"";
+    GetDlgItemTextW(g_browserWindow, kBrowserPathField, path, MAX_PATH);
+    BenchCheck(g_folder == path, "browser shows the bench folder");
+    CheckListed(GetDlgItem(g_browserWindow, kBrowserList), true, "entries the browser listed");
+}
+
 BenchRegistration g_fill({"browser fill, 10,000 entries", "FindFirstFileW + LVM_INSERTITEMW of the same entries",
                           SetUp,
-                          [] {
-                              g_browser->FillList();
-                              BenchKeep(ListView_GetItemCount(GetDlgItem(g_browserWindow, kBrowserList)));
-                          },
+                          FillBrowser,
                           RawEnumerateAndInsert, TearDown, 3});
 
 int CALLBACK CompareThroughShadow(LPARAM first, LPARAM second, LPARAM shadow) {
@@ -168,6 +197,7 @@ BenchRegistration g_sort({"browser part: raw fill + shadow-list sort", "FindFirs
                               RawFill(shadow);
                               ListView_SortItems(g_plainList, CompareThroughShadow, reinterpret_cast<LPARAM>(shadow));
                               DestroyWindow(shadow);
+                              CheckListed(g_plainList, true, "entries sorted");
                           },
                           RawEnumerateAndInsert, TearDown, 3});
 
@@ -175,6 +205,13 @@ BenchRegistration g_sort({"browser part: raw fill + shadow-list sort", "FindFirs
 // the same message to a dialog of the bare dialog base (no menu bar, no OK control).
 DialogBase g_bareDialog(nullptr, false);
 HWND g_bareWindow = nullptr;
+
+void SendMessages(HWND dialog, const char* what) {
+    int answered = 0;
+    DWORD_PTR result = 0;
+    for (int i = 0; i < 10000; ++i) answered += SendMessageTimeoutW(dialog, WM_NULL, 0, 0, SMTO_NORMAL, 1000, &result) != 0;
+    BenchCheckCount(answered, 10000, what);
+}
 
 BenchRegistration g_messages({"browser dialog: 10,000 messages", "10,000 messages to a bare dialog",
                               [] {
@@ -187,13 +224,10 @@ BenchRegistration g_messages({"browser dialog: 10,000 messages", "10,000 message
                                   g_bareWindow = CreateDialogIndirectParamW(
                                       g_app.instance, &dialogTemplate.header, nullptr, BrowserProc,
                                       reinterpret_cast<LPARAM>(&g_bareDialog));
+                                  BenchCheck(g_bareWindow != nullptr, "bare dialog created");
                               },
-                              [] {
-                                  for (int i = 0; i < 10000; ++i) SendMessageW(g_browserWindow, WM_NULL, 0, 0);
-                              },
-                              [] {
-                                  for (int i = 0; i < 10000; ++i) SendMessageW(g_bareWindow, WM_NULL, 0, 0);
-                              },
+                              [] { SendMessages(g_browserWindow, "messages the browser answered"); },
+                              [] { SendMessages(g_bareWindow, "messages the bare dialog answered"); },
                               [] {
                                   DestroyWindow(g_bareWindow);
                                   TearDown();

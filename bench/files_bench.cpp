@@ -100,23 +100,94 @@ FilterList& BenchFilters() {
 
 void ExportOurs() {
     Utf16TextWriter out;
-    if (!out.open(OurFile().c_str())) return;
+    BenchCheck(out.open(OurFile().c_str()), "backup file created");
     WriteRegistryTree(kProduct, out);
-    out.close();
+    BenchCheck(out.close(), "backup file written");
 }
 
-void ExportWithReg() { RunReg(L"export HKCU\\Software\\Orvane\\Quillory \"" + RegFile() + L"\" /y"); }
+void ExportWithReg() {
+    BenchCheck(RunReg(L"export HKCU\\Software\\Orvane\\Quillory \"" + RegFile() + L"\" /y"), "reg export ran");
+}
 
 void ImportOurs() {
     Utf16TextReader in;
-    if (!in.open(OurFile().c_str())) return;
-    BenchKeep(ReadRegistryTextFile(in, BenchCategories(), BenchFilters()));
+    BenchCheck(in.open(OurFile().c_str()), "backup file opened");
+    BenchCheck(ReadRegistryTextFile(in, BenchCategories(), BenchFilters()), "backup file read");
 }
 
-// reg import merges, so the tree is deleted first, as the backup reader does.
+// reg import merges, so the tree is deleted first, as the backup reader does (the runs start from
+// an empty tree: this costs the same on both sides).
 void ImportWithReg() {
     RegDeleteTreeW(HKEY_CURRENT_USER, kProduct);
-    RunReg(L"import \"" + RegFile() + L"\"");
+    BenchCheck(RunReg(L"import \"" + RegFile() + L"\""), "reg import ran");
+}
+
+// The header lines ("[...]") and value lines ("\"name\"=...") of a UTF-16 registry text file.
+struct ExportedLines {
+    int headers = 0;
+    int values = 0;
+};
+
+ExportedLines CountExportedLines(const std::wstring& path) {
+    ExportedLines lines;
+    FILE* file = _wfopen(path.c_str(), L"rb");
+    if (!file) return lines;
+    std::wstring text;
+    wchar_t unit;
+    while (fread(&unit, sizeof unit, 1, file) == 1) text += unit;
+    fclose(file);
+    size_t start = !text.empty() && text[0] == 0xFEFF ? 1 : 0;
+    while (start < text.size()) {
+        size_t end = text.find(L'\n', start);
+        if (end == std::wstring::npos) end = text.size();
+        if (text[start] == L'[') ++lines.headers;
+        if (text[start] == L'"') ++lines.values;
+        start = end + 1;
+    }
+    return lines;
+}
+
+// Values below the product key, its own included.
+int ValuesBelow(const std::wstring& path) {
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return 0;
+    DWORD subKeys = 0, values = 0;
+    RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &subKeys, nullptr, nullptr, &values, nullptr, nullptr, nullptr,
+                     nullptr);
+    int count = static_cast<int>(values);
+    wchar_t name[256];
+    for (DWORD i = 0; i < subKeys; ++i) {
+        DWORD length = 256;
+        if (RegEnumKeyExW(key, i, name, &length, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS)
+            count += ValuesBelow(path + L"\\" + name);
+    }
+    RegCloseKey(key);
+    return count;
+}
+
+// The tree the case works on: `keys` sub-keys of the product key and `values` values in all.
+int g_keys = 0;
+int g_values = 0;
+
+void PopulateCaseTree(int keys, int values) {
+    g_keys = keys;
+    g_values = values;
+    PopulateTree(keys, values);
+}
+
+// An export holds a header for every key and a line for every value; the file is removed so that
+// the next run writes it anew.
+void CheckExport(const std::wstring& path, const char* what) {
+    ExportedLines lines = CountExportedLines(path);
+    BenchCheckCount(lines.headers, g_keys + 1, what);
+    BenchCheckCount(lines.values, g_values, what);
+    DeleteFileW(path.c_str());
+}
+
+// An import put every value back; the tree is removed so that the next run writes it anew.
+void CheckImport(const char* what) {
+    BenchCheckCount(ValuesBelow(kProduct), g_values, what);
+    RegDeleteTreeW(HKEY_CURRENT_USER, kProduct);
 }
 
 void TearDown() {
@@ -126,21 +197,32 @@ void TearDown() {
 }
 
 // Both import cases read files made from the populated tree by each side's export.
+// Each import run starts from an empty tree: the check after a run removes it.
 void PrepareImport(int keys, int values) {
-    PopulateTree(keys, values);
+    PopulateCaseTree(keys, values);
     ExportOurs();
     ExportWithReg();
+    BenchCheckCount(CountExportedLines(OurFile()).values, values, "values in the backup to import");
+    BenchCheckCount(CountExportedLines(RegFile()).values, values, "values in the .reg file to import");
+    RegDeleteTreeW(HKEY_CURRENT_USER, kProduct);
 }
 
+void CheckOurExport() { CheckExport(OurFile(), "backup export: lines written"); }
+void CheckRegExport() { CheckExport(RegFile(), "reg export: lines written"); }
+void CheckOurImport() { CheckImport("backup import: values written"); }
+void CheckRegImport() { CheckImport("reg import: values written"); }
+
 BenchRegistration g_exportProduct({"backup export, product tree (400 values)", "reg export of the same tree",
-                                   [] { PopulateTree(15, 400); }, ExportOurs, ExportWithReg, TearDown, 5});
-BenchRegistration g_importProduct({"backup import, product tree (400 values)",
-                                   "delete tree + reg import of the same tree", [] { PrepareImport(15, 400); },
-                                   ImportOurs, ImportWithReg, TearDown, 5});
+                                   [] { PopulateCaseTree(15, 400); }, ExportOurs, ExportWithReg, TearDown, 5,
+                                   CheckOurExport, CheckRegExport});
+BenchRegistration g_importProduct({"backup import, product tree (400 values)", "reg import of the same tree",
+                                   [] { PrepareImport(15, 400); }, ImportOurs, ImportWithReg, TearDown, 5,
+                                   CheckOurImport, CheckRegImport});
 BenchRegistration g_exportStress({"backup export, stress tree (20,000 values)", "reg export of the same tree",
-                                  [] { PopulateTree(40, 20000); }, ExportOurs, ExportWithReg, TearDown, 5});
-BenchRegistration g_importStress({"backup import, stress tree (20,000 values)",
-                                  "delete tree + reg import of the same tree", [] { PrepareImport(40, 20000); },
-                                  ImportOurs, ImportWithReg, TearDown, 5});
+                                  [] { PopulateCaseTree(40, 20000); }, ExportOurs, ExportWithReg, TearDown, 5,
+                                  CheckOurExport, CheckRegExport});
+BenchRegistration g_importStress({"backup import, stress tree (20,000 values)", "reg import of the same tree",
+                                  [] { PrepareImport(40, 20000); }, ImportOurs, ImportWithReg, TearDown, 5,
+                                  CheckOurImport, CheckRegImport});
 
 }  // namespace

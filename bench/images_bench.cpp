@@ -6,6 +6,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -97,36 +98,64 @@ void SetUpDecode() {
 
 void TearDownDecode() { DeleteFileW(g_tgaPath.c_str()); }
 
-void KeepStbPicture(unsigned char* pixels) {
-    BenchKeep(pixels ? pixels[4 * 1000] : -1);
-    stbi_image_free(pixels);
+// What each side decoded, compared with the picture made and freed after every run (untimed).
+SkinImage g_decoded;
+unsigned char* g_stbPixels = nullptr;
+int g_stbWidth = 0;
+int g_stbHeight = 0;
+
+void CheckOurDecode() {
+    BenchCheck(g_decoded.width == kDecodeSide && g_decoded.height == kDecodeSide && g_decoded.hasPlanes(),
+               "decoded picture size");
+    long long matching = 0;
+    for (int y = 0; y < kDecodeSide; ++y) {
+        for (int x = 0; x < kDecodeSide; ++x) {
+            size_t i = static_cast<size_t>(y) * kDecodeSide + x;
+            Bgra p = SkinPixel(x, y);
+            matching += g_decoded.red[i] == p.r && g_decoded.green[i] == p.g && g_decoded.blue[i] == p.b &&
+                        g_decoded.alpha[i] == p.a;
+        }
+    }
+    BenchCheckCount(matching, static_cast<long long>(kDecodeSide) * kDecodeSide, "pixels decoded");
+    ReleaseSkinImage(g_decoded);
+}
+
+void CheckStbDecode() {
+    BenchCheck(g_stbPixels && g_stbWidth == kDecodeSide && g_stbHeight == kDecodeSide, "stb_image picture size");
+    long long matching = 0;
+    for (int y = 0; g_stbPixels && y < kDecodeSide; ++y) {
+        for (int x = 0; x < kDecodeSide; ++x) {
+            const unsigned char* rgba = g_stbPixels + 4 * (static_cast<size_t>(y) * kDecodeSide + x);
+            Bgra p = SkinPixel(x, y);
+            matching += rgba[0] == p.r && rgba[1] == p.g && rgba[2] == p.b && rgba[3] == p.a;
+        }
+    }
+    BenchCheckCount(matching, static_cast<long long>(kDecodeSide) * kDecodeSide, "pixels decoded by stb_image");
+    stbi_image_free(g_stbPixels);
+    g_stbPixels = nullptr;
 }
 
 BenchRegistration g_decodeFile({
     "TGA file decode, 2048x2048 32-bit run-length", "stb_image stbi_load of the same file", SetUpDecode,
+    [] { BenchCheck(LoadTgaFile(g_decoded, g_tgaPath.c_str()) == S_OK, "TGA file decoded"); },
     [] {
-        SkinImage image;
-        BenchKeep(LoadTgaFile(image, g_tgaPath.c_str()) == S_OK ? image.alpha[1000] : -1);
+        int channels;
+        g_stbPixels = stbi_load(g_tgaPathNarrow, &g_stbWidth, &g_stbHeight, &channels, 4);
     },
-    [] {
-        int width, height, channels;
-        KeepStbPicture(stbi_load(g_tgaPathNarrow, &width, &height, &channels, 4));
-    },
-    TearDownDecode, 10});
+    TearDownDecode, 10, CheckOurDecode, CheckStbDecode});
 
 BenchRegistration g_decodeMemory({
     "TGA memory decode, 2048x2048 32-bit run-length", "stb_image stbi_load_from_memory, same bytes", SetUpDecode,
     [] {
-        SkinImage image;
-        HRESULT result = DecodeTga(image, reinterpret_cast<const BYTE*>(g_tgaBytes.data()), g_tgaBytes.size());
-        BenchKeep(result == S_OK ? image.alpha[1000] : -1);
+        HRESULT result = DecodeTga(g_decoded, reinterpret_cast<const BYTE*>(g_tgaBytes.data()), g_tgaBytes.size());
+        BenchCheck(result == S_OK, "TGA bytes decoded");
     },
     [] {
-        int width, height, channels;
-        KeepStbPicture(stbi_load_from_memory(reinterpret_cast<const stbi_uc*>(g_tgaBytes.data()),
-                                             static_cast<int>(g_tgaBytes.size()), &width, &height, &channels, 4));
+        int channels;
+        g_stbPixels = stbi_load_from_memory(reinterpret_cast<const stbi_uc*>(g_tgaBytes.data()),
+                                            static_cast<int>(g_tgaBytes.size()), &g_stbWidth, &g_stbHeight, &channels, 4);
     },
-    TearDownDecode, 10});
+    TearDownDecode, 10, CheckOurDecode, CheckStbDecode});
 
 // ---- blending ------------------------------------------------------------------------------
 
@@ -169,6 +198,36 @@ Bgra TranslucentPixel(int x, int y) {
             static_cast<BYTE>(1 + (x + 2 * y) % 254)};
 }
 
+// The destination before any blend, and what blending the picture over it gives, computed here
+// as source * alpha + destination * (255 - alpha), over 255.
+std::vector<DWORD> g_background;
+std::vector<DWORD> g_expected;
+
+DWORD BlendOver(Bgra p, DWORD under) {
+    auto channel = [&](BYTE source, int shift) {
+        DWORD below = (under >> shift) & 0xFF;
+        return ((source * p.a + below * (255 - p.a) + 127) / 255) << shift;
+    };
+    return channel(p.r, 16) | channel(p.g, 8) | channel(p.b, 0);
+}
+
+bool Near(DWORD actual, DWORD expected) {
+    for (int shift : {0, 8, 16}) {
+        int difference = static_cast<int>((actual >> shift) & 0xFF) - static_cast<int>((expected >> shift) & 0xFF);
+        if (difference < -2 || difference > 2) return false;
+    }
+    return true;
+}
+
+// Every pixel of the destination is the blend (within rounding); the destination is put back so
+// that the next run blends over the same pixels.
+void CheckBlend(const char* what) {
+    long long blended = 0;
+    for (size_t i = 0; i < g_expected.size(); ++i) blended += Near(g_destination.bits[i], g_expected[i]);
+    BenchCheckCount(blended, static_cast<long long>(kBlendSide) * kBlendSide, what);
+    std::copy(g_background.begin(), g_background.end(), g_destination.bits);
+}
+
 void SetUpBlend(PixelSource pixelAt) {
     std::string bytes = TgaHeader(kBlendSide, 2, 0x10);  // uncompressed; top row first
     g_premultiplied.create(kBlendSide);
@@ -183,7 +242,14 @@ void SetUpBlend(PixelSource pixelAt) {
             g_destination.bits[y * kBlendSide + x] = static_cast<DWORD>(x * 2654435761u ^ y * 40503u) & 0xFFFFFF;
         }
     }
-    DecodeTga(g_picture, reinterpret_cast<const BYTE*>(bytes.data()), bytes.size());
+    size_t pixels = static_cast<size_t>(kBlendSide) * kBlendSide;
+    g_background.assign(g_destination.bits, g_destination.bits + pixels);
+    g_expected.resize(pixels);
+    for (int y = 0; y < kBlendSide; ++y)
+        for (int x = 0; x < kBlendSide; ++x)
+            g_expected[y * kBlendSide + x] = BlendOver(pixelAt(x, y), g_background[y * kBlendSide + x]);
+    BenchCheck(DecodeTga(g_picture, reinterpret_cast<const BYTE*>(bytes.data()), bytes.size()) == S_OK,
+               "picture to blend decoded");
 }
 
 void TearDownBlend() {
@@ -195,23 +261,26 @@ void TearDownBlend() {
 void DrawPicture() {
     DrawSkinImage(g_picture, g_destination.dc.get(), 0, 0, -1, -1, 0, 0, -1, -1);
     GdiFlush();
-    BenchKeep(g_destination.bits[12345]);
 }
 
 void GdiAlphaBlend() {
     BLENDFUNCTION blend = {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
-    AlphaBlend(g_destination.dc.get(), 0, 0, kBlendSide, kBlendSide, g_premultiplied.dc.get(), 0, 0, kBlendSide,
-               kBlendSide, blend);
+    BenchCheck(AlphaBlend(g_destination.dc.get(), 0, 0, kBlendSide, kBlendSide, g_premultiplied.dc.get(), 0, 0,
+                          kBlendSide, kBlendSide, blend) != FALSE,
+               "AlphaBlend");
     GdiFlush();
-    BenchKeep(g_destination.bits[12345]);
 }
+
+void CheckDrawn() { CheckBlend("pixels blended by DrawSkinImage"); }
+void CheckAlphaBlended() { CheckBlend("pixels blended by AlphaBlend"); }
 
 BenchRegistration g_blendSkin({
     "DrawSkinImage blend, 1024x1024 skin alpha", "GDI AlphaBlend of the same pixels",
-    [] { SetUpBlend(SkinPixel); }, DrawPicture, GdiAlphaBlend, TearDownBlend, 20});
+    [] { SetUpBlend(SkinPixel); }, DrawPicture, GdiAlphaBlend, TearDownBlend, 20, CheckDrawn, CheckAlphaBlended});
 
 BenchRegistration g_blendTranslucent({
     "DrawSkinImage blend, 1024x1024 all translucent", "GDI AlphaBlend of the same pixels",
-    [] { SetUpBlend(TranslucentPixel); }, DrawPicture, GdiAlphaBlend, TearDownBlend, 20});
+    [] { SetUpBlend(TranslucentPixel); }, DrawPicture, GdiAlphaBlend, TearDownBlend, 20, CheckDrawn,
+    CheckAlphaBlended});
 
 }  // namespace

@@ -87,20 +87,115 @@ int MakeEverythingDirty() {
                 number->value = number->defaultValue + 2;
             } else if (auto* text = dynamic_cast<StringSetting*>(setting)) {
                 text->value.assign(L"\\Storage Card\\Changed");
+            } else if (auto* font = dynamic_cast<FontSetting*>(setting)) {
+                for (IntSetting* part : {&font->weight, &font->italic, &font->underline, &font->strikeOut,
+                                         &font->height, &font->colour})
+                    part->value = part->defaultValue + 2;
             }
             setting->markDirty();
-            if (group->keyIndex() <= kKeyAgendaFusion || setting->neverSaved()) continue;
+            // A bit set is read, never written.
+            if (group->keyIndex() <= kKeyAgendaFusion || setting->neverSaved() || dynamic_cast<BitSetSetting*>(setting))
+                continue;
             writes += dynamic_cast<FontSetting*>(setting) ? 6 : 1;
         }
     }
     g_settings.general.dHeightLimitLandscape.value = 300;
-    for (const TabEntry* entry = g_settings.tabSettings.tabs.head(); entry; entry = entry->next)
+    // The built-in tabs' settings are saved from the tab list.
+    TabSettingsGroup& tabSettings = g_settings.tabSettings;
+    for (TabEntry* entry = tabSettings.tabs.head(); entry; entry = entry->next) {
         if (!IsBuiltInTabKind(entry->kind)) writes += 6;
+        for (const BuiltInTab& builtIn : kBuiltInTabs) {
+            if (builtIn.kind != entry->kind) continue;
+            entry->order = (tabSettings.*builtIn.order).defaultValue + 2;
+            entry->enabled = (tabSettings.*builtIn.enabled).defaultValue ? 0 : 1;
+        }
+    }
     return writes;
 }
 
 int g_loadQueries = 0;
 int g_saveWrites = 0;
+
+const wchar_t kStoredText[] = L"\\Storage Card\\Some Folder";
+const DWORD kUnread = 0xBADC0DE;
+
+bool AllBytes(const BitSetSetting& bits, BYTE value) {
+    for (DWORD i = 0; i < bits.byteCount; ++i)
+        if (bits.bits[i] != value) return false;
+    return true;
+}
+
+// How many settings hold what PopulateRegistry stored for them, and how many plug-in tabs.
+int SettingsHoldingStoredValues() {
+    int holding = 0;
+    for (SettingGroup* group : g_settings.groups) {
+        if (group->keyIndex() == kKeyTodayItem) continue;
+        for (Setting* setting : group->settings()) {
+            if (auto* number = dynamic_cast<IntSetting*>(setting))
+                holding += number->value == number->designDefault + 1;
+            else if (auto* text = dynamic_cast<StringSetting*>(setting))
+                holding += wcscmp(text->c_str(), kStoredText) == 0;
+            else if (auto* bits = dynamic_cast<BitSetSetting*>(setting))
+                holding += AllBytes(*bits, 0x5A);
+            else if (auto* font = dynamic_cast<FontSetting*>(setting))
+                holding += font->weight.value == 1 && font->italic.value == 1 && font->colour.value == 1;
+        }
+    }
+    for (const TabEntry* entry = g_settings.tabSettings.tabs.head(); entry; entry = entry->next)
+        holding += !IsBuiltInTabKind(entry->kind) && wcscmp(entry->installPath.c_str(), L"\\Program Files\\PlugIn") == 0;
+    return holding;
+}
+
+// How many settings PopulateRegistry stores a value for, plug-in tabs included.
+int SettingsStored() {
+    int stored = kPlugInTabs;
+    for (SettingGroup* group : g_settings.groups) {
+        if (group->keyIndex() == kKeyTodayItem) continue;
+        for (Setting* setting : group->settings())
+            stored += dynamic_cast<IntSetting*>(setting) || dynamic_cast<StringSetting*>(setting) ||
+                      dynamic_cast<BitSetSetting*>(setting) || dynamic_cast<FontSetting*>(setting);
+    }
+    return stored;
+}
+
+// Overwrites every loaded value, so that the next load has to read them all again.
+void ForgetLoadedValues() {
+    for (SettingGroup* group : g_settings.groups) {
+        for (Setting* setting : group->settings()) {
+            if (auto* number = dynamic_cast<IntSetting*>(setting))
+                number->value = kUnread;
+            else if (auto* text = dynamic_cast<StringSetting*>(setting))
+                text->value.assign(L"");
+            else if (auto* bits = dynamic_cast<BitSetSetting*>(setting))
+                for (DWORD i = 0; i < bits->byteCount; ++i) bits->bits[i] = 0;
+            else if (auto* font = dynamic_cast<FontSetting*>(setting))
+                font->weight.value = font->italic.value = font->colour.value = kUnread;
+        }
+    }
+}
+
+// Every value under a key and its sub-keys; with `remove`, deletes them (the keys stay).
+int ValuesBelow(HKEY root, const std::wstring& path, bool remove) {
+    RegKey key;
+    if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ | KEY_WRITE, key.out()) != ERROR_SUCCESS) return 0;
+    DWORD subKeys = 0, values = 0;
+    RegQueryInfoKeyW(key.get(), nullptr, nullptr, nullptr, &subKeys, nullptr, nullptr, &values, nullptr, nullptr,
+                     nullptr, nullptr);
+    int count = static_cast<int>(values);
+    wchar_t name[256];
+    for (DWORD i = 0; i < subKeys; ++i) {
+        DWORD length = 256;
+        if (RegEnumKeyExW(key.get(), i, name, &length, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS)
+            count += ValuesBelow(root, path + L"\\" + name, remove);
+    }
+    while (remove && values > 0) {
+        DWORD length = 256;
+        if (RegEnumValueW(key.get(), 0, name, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
+        RegDeleteValueW(key.get(), name);
+        --values;
+    }
+    return count;
+}
 
 void CreateBaselineKey(int values) {
     RegKey key;
@@ -108,18 +203,36 @@ void CreateBaselineKey(int values) {
     for (int i = 0; i < values; ++i) PutDword(key.get(), (L"Value" + std::to_wstring(i)).c_str(), i);
 }
 
+// Value<i> holds i + `offset` for every i below `calls`; returns how many do.
+int BaselineValuesHolding(int calls, DWORD offset) {
+    RegKey key;
+    RegOpenKeyExW(HKEY_CURRENT_USER, kBaselinePath, 0, KEY_READ, key.out());
+    wchar_t name[32];
+    int holding = 0;
+    for (int i = 0; i < calls; ++i) {
+        swprintf(name, 32, L"Value%d", i);
+        DWORD value = 0, size = sizeof value;
+        holding += RegQueryValueExW(key.get(), name, nullptr, nullptr, reinterpret_cast<BYTE*>(&value), &size) ==
+                       ERROR_SUCCESS && value == static_cast<DWORD>(i) + offset;
+    }
+    return holding;
+}
+
 void QueryBaseline(int calls) {
     RegKey key;
     RegOpenKeyExW(HKEY_CURRENT_USER, kBaselinePath, 0, KEY_READ, key.out());
     wchar_t name[32];
     long long sum = 0;
+    int read = 0;
     for (int i = 0; i < calls; ++i) {
         swprintf(name, 32, L"Value%d", i);
         DWORD value = 0, size = sizeof value;
-        RegQueryValueExW(key.get(), name, nullptr, nullptr, reinterpret_cast<BYTE*>(&value), &size);
+        read += RegQueryValueExW(key.get(), name, nullptr, nullptr, reinterpret_cast<BYTE*>(&value), &size) ==
+                ERROR_SUCCESS;
         sum += value;
     }
-    BenchKeep(sum);
+    BenchCheckCount(read, calls, "baseline values read");
+    BenchCheckCount(sum, static_cast<long long>(calls) * (calls - 1) / 2, "sum of the baseline values read");
 }
 
 void SetBaseline(int calls) {
@@ -133,20 +246,53 @@ void SetBaseline(int calls) {
     }
 }
 
+// The values the baseline wrote are there; they are put back so that the next run writes again.
+void CheckBaselineWrites() {
+    BenchCheckCount(BaselineValuesHolding(g_saveWrites, 7), g_saveWrites, "baseline values written");
+    CreateBaselineKey(g_saveWrites);
+}
+
+// Settings that hold what was stored, after a load into a record whose values were all forgotten.
+int g_holdingAfterLoad = 0;
+
+void CheckLoad() {
+    BenchCheckCount(SettingsHoldingStoredValues(), g_holdingAfterLoad, "settings holding the stored values");
+    ForgetLoadedValues();
+}
+
+const std::wstring kProductKey = L"Software\\Orvane\\Quillory";
+
+// Every value SaveSettings claims to write is there; all are removed again so that the next save
+// has the same work to do.
+void CheckSave() {
+    BenchCheckCount(ValuesBelow(HKEY_CURRENT_USER, kProductKey, true), g_saveWrites, "values written");
+}
+
 BenchRegistration g_load({
     "LoadSettings, every value stored", "as many RegQueryValueExW on one open key",
     [] {
         g_loadQueries = PopulateRegistry();
         CreateBaselineKey(g_loadQueries);
-        printf("  LoadSettings reads %d values\n", g_loadQueries);
-    },
-    [] {
+        // What a load leaves is taken from a first load: nearly every stored setting holds its
+        // stored value (the loader repairs a few on purpose, such as orders that are no
+        // permutation), and none did before it.
+        ForgetLoadedValues();
+        BenchCheckCount(SettingsHoldingStoredValues(), 0, "settings holding stored values before any load");
         LoadSettings();
-        BenchKeep(g_settings.calendar.dNumOfDays.value);
+        g_holdingAfterLoad = SettingsHoldingStoredValues();
+        ForgetLoadedValues();
+        int stored = SettingsStored();
+        printf("  LoadSettings reads %d values; %d of the %d settings stored hold their stored value after it\n",
+               g_loadQueries, g_holdingAfterLoad, stored);
+        BenchCheck(g_holdingAfterLoad >= stored * 9 / 10, "the stored values are read back");
     },
+    [] { LoadSettings(); },
     [] { QueryBaseline(g_loadQueries); },
-    [] { RemoveBenchKeys(); },
-    50});
+    [] {
+        RemoveBenchKeys();
+        LoadSettings();
+    },
+    50, CheckLoad, nullptr});
 
 BenchRegistration g_save({
     "SaveSettings, every setting dirty", "as many RegSetValueExW on one open key",
@@ -156,6 +302,7 @@ BenchRegistration g_save({
         g_saveWrites = MakeEverythingDirty();
         CreateBaselineKey(g_saveWrites);
         printf("  SaveSettings writes %d values\n", g_saveWrites);
+        ValuesBelow(HKEY_CURRENT_USER, kProductKey, true);  // the first save writes them all anew
     },
     [] { SaveSettings(); },
     [] { SetBaseline(g_saveWrites); },
@@ -163,6 +310,6 @@ BenchRegistration g_save({
         RemoveBenchKeys();
         LoadSettings();
     },
-    50});
+    50, CheckSave, CheckBaselineWrites});
 
 }  // namespace

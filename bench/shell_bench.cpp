@@ -18,23 +18,33 @@ void PumpUntilIdle() {
     }
 }
 
+// The page grid lists the product's twelve pages.
+const int kPages = 12;
+
 void StartAndStopProgram() {
     HWND main = CreateFittedMainWindow(g_app.instance);
+    BenchCheck(main != nullptr, "main window created");
     ShowWindow(main, SW_SHOW);
     UpdateWindow(main);
     PumpUntilIdle();
+    BenchCheck(IsWindowVisible(main) != FALSE, "main window shown");
+    BenchCheckCount(SendMessageW(g_app.pageList, LVM_GETITEMCOUNT, 0, 0), kPages, "pages in the grid");
     DestroyWindow(main);
     PumpUntilIdle();
+    BenchCheck(!IsWindow(main), "main window closed");
 }
 
 void ShowMinimalWindow() {
     HWND window = CreateWindowExW(0, L"BenchMinimal", L"QL Options", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT,
                                   260, 340, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    BenchCheck(window != nullptr, "minimal window created");
     ShowWindow(window, SW_SHOW);
     UpdateWindow(window);
     PumpUntilIdle();
+    BenchCheck(IsWindowVisible(window) != FALSE, "minimal window shown");
     DestroyWindow(window);
     PumpUntilIdle();
+    BenchCheck(!IsWindow(window), "minimal window closed");
 }
 
 BenchRegistration g_startUp({
