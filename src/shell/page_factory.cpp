@@ -9,6 +9,7 @@
 #include "pages/notes_page.h"
 #include "pages/pim_page.h"
 #include "pages/sevents_page.h"
+#include "pages/tasks_page.h"
 #include "pages/tabs_page.h"
 #include "support/app_state.h"
 #include "shell/settings_page.h"
@@ -22,7 +23,7 @@ struct PageEntry {
 
 // The pages in page-list order; a null creator is a page this build does not have yet.
 const PageEntry kPages[kPageCount] = {
-    {L"GeneralSettingsWin", CreateGeneralPage},  {L"CalendarSettingsWin", CreateCalendarPage}, {L"TasksSettingsWin", nullptr},
+    {L"GeneralSettingsWin", CreateGeneralPage},  {L"CalendarSettingsWin", CreateCalendarPage}, {L"TasksSettingsWin", CreateTasksPage},
     {L"NotesSettingsWin", CreateNotesPage},    {L"ContactSettingsWin", CreateContactsPage},  {L"MessagesSettingsWin", CreateMessagesPage},
     {L"SEventsSettingsWin", CreateSEventsPage},  {L"FontSettingsWin", CreateFontsPage},     {L"ColorSettingsWin", CreateColoursPage},
     {L"PIMSettingsWin", CreatePimPage},      {L"TabsSettingsWin", CreateTabsPage},{L"CategorySettingsWin", nullptr},
