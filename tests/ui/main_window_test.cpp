@@ -20,7 +20,16 @@ namespace {
 
 const wchar_t kProduct[] = L"Software\\Orvane\\Quillory";
 const wchar_t kLanguageLibrary[] = L"\\Program Files\\Orvane\\Quillory\\LangRes\\QLEngRc.dll";
-const UINT kPageTitleIds[12] = {40220, 40221, 40222, 40981, 41174, 40982, 40223, 40224, 40225, 40227, 40228, 40229};
+// The page grid's items in order, each with the language library's id of its title (40226 is
+// no page).
+struct PageTitle {
+    const char* page;
+    UINT titleId;
+};
+const PageTitle kPageTitles[12] = {{"General", 40220},        {"Calendar", 40221}, {"Tasks", 40222},
+                                   {"Notes", 40981},          {"Contacts", 41174}, {"Messages", 40982},
+                                   {"Special events", 40223}, {"Fonts", 40224},    {"Colours", 40225},
+                                   {"PIM", 40227},            {"Tabs", 40228},     {"Categories", 40229}};
 
 std::wstring LoadEnglish(UINT id) {
     HMODULE library = LoadLibraryW(kLanguageLibrary);
@@ -120,8 +129,9 @@ TEST_F(MainWindow, ShowsTwelvePagesAndTheMenuBarTheDeviceWay) {
         item.pszText = text;
         item.cchTextMax = 256;
         SendMessageW(list, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
-        EXPECT_EQ(std::wstring(text), LoadEnglish(kPageTitleIds[i])) << "item " << i;
-        EXPECT_FALSE(std::wstring(text).empty()) << "item " << i;
+        const PageTitle& expected = kPageTitles[i];
+        EXPECT_EQ(std::wstring(text), LoadEnglish(expected.titleId)) << "item " << i << ", " << expected.page;
+        EXPECT_FALSE(std::wstring(text).empty()) << "item " << i << ", " << expected.page;
         EXPECT_EQ(item.iImage, i);
     }
     EXPECT_NE(g_app.pageImages, nullptr) << "page icons come from the display library";
