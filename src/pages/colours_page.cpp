@@ -76,6 +76,12 @@ int ScaledSize(int units, int pageSize, bool vertical) {
     return units <= 0 ? pageSize + pixels : pixels;
 }
 
+// The column takes the list's width less its scroll bar, so no horizontal scroll bar appears.
+void FitColumn(HWND list) {
+    RECT client = {};
+    if (list && GetClientRect(list, &client)) SendMessageW(list, LVM_SETCOLUMNWIDTH, 0, client.right);
+}
+
 void DrawPageText(HDC dc, HFONT font, const wchar_t* text, RECT area) {
     DcSelection selected(dc, font);
     SetBkMode(dc, TRANSPARENT);
@@ -125,6 +131,7 @@ void ColorSettingsWin::CreateControls(HWND) {
             UINT itemIds[kColourItemCount];
             for (int i = 0; i < kColourItemCount; ++i) itemIds[i] = IDS_CLR_ITEM_SEPARATOR + i;
             CreateList(number, itemIds, kColourItemCount, ScaleForDisplayY(kDescriptionTop));
+            FitColumn(control(number));
             break;
         }
         case kNameEdit:
@@ -154,6 +161,7 @@ void ColorSettingsWin::PlaceControl(int number) {
     int width = ClientWidth(), height = ClientHeight();
     MoveWindow(child, Scaled(place.x, width, false), Scaled(place.y, height, true),
                ScaledSize(place.width, width, false), ScaledSize(place.height, height, true), TRUE);
+    if (number == kColourList) FitColumn(child);
 }
 
 LRESULT ColorSettingsWin::OnMove(HWND) {
