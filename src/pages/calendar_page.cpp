@@ -7,6 +7,7 @@
 #include "dialogs/file_browser.h"
 #include "dialogs/font_preview.h"
 #include "display/display_ids.h"
+#include "pages/item_icon_choices.h"
 #include "pages/today_item_painter.h"
 #include "platform/clock.h"
 #include "string_ids.h"
@@ -250,41 +251,21 @@ const GeneralCheck kGeneralChecks[] = {
 
 // ---- section 4: icons ------------------------------------------------------------------------
 
-// The eight icon choices of each kind, in order; they differ only at the sixth place.
-struct IconChoice {
-    UINT textId;
-    DWORD flag;
-};
-const IconChoice kAppointmentIcons[] = {
-    {IDS_ITEM_ICON_NOTE, 1},       {IDS_ITEM_ICON_REMINDER, 2},    {IDS_ITEM_ICON_RECURRING, 4},
-    {IDS_ITEM_ICON_PRIVATE, 8},    {IDS_ITEM_ICON_CATEGORY, 16},   {IDS_ITEM_ICON_MEETING, 128},
-    {IDS_ITEM_ICON_REGENERATED, 64}, {IDS_ITEM_ICON_CATEGORY_COLOR, 256},
-};
-const IconChoice kTaskIcons[] = {
-    {IDS_ITEM_ICON_NOTE, 1},       {IDS_ITEM_ICON_REMINDER, 2},    {IDS_ITEM_ICON_RECURRING, 4},
-    {IDS_ITEM_ICON_PRIVATE, 8},    {IDS_ITEM_ICON_CATEGORY, 16},   {IDS_ITEM_ICON_PRIORITY, 32},
-    {IDS_ITEM_ICON_REGENERATED, 64}, {IDS_ITEM_ICON_CATEGORY_COLOR, 256},
-};
-const int kIconChoiceCount = 8;
-
 // One kind of item (appointments, tasks): its choices, its two left icons, its right-icon set and
 // the strips that edit them.
 struct IconKind {
-    const IconChoice* choices;
+    const ItemIconChoice* choices;
     IntSetting Cal::*left[2];
     IntSetting Cal::*right;
     int leftStrips[2];
     int rightStrip;
 };
 const IconKind kIconKinds[2] = {
-    {kAppointmentIcons, {&Cal::ApptLeftAlignIcon1, &Cal::ApptLeftAlignIcon2}, &Cal::ClrApptRightIcons, {1, 2}, 5},
-    {kTaskIcons, {&Cal::TaskLeftAlignIcon1, &Cal::TaskLeftAlignIcon2}, &Cal::ClrTaskRightIcons, {3, 4}, 6},
+    {kAppointmentIconChoices, {&Cal::ApptLeftAlignIcon1, &Cal::ApptLeftAlignIcon2}, &Cal::ClrApptRightIcons,
+     {1, 2}, 5},
+    {kTaskIconChoices, {&Cal::TaskLeftAlignIcon1, &Cal::TaskLeftAlignIcon2}, &Cal::ClrTaskRightIcons, {3, 4}, 6},
 };
 const int kStripControls[6] = {kApptLeft1, kApptLeft2, kTaskLeft1, kTaskLeft2, kApptRight, kTaskRight};
-
-// A strip's marker value is the image (bit) of the flag it stands for.
-int MarkerOfFlag(DWORD flag) { return ItemIconForFlag(flag); }
-DWORD FlagOfMarker(int marker) { return marker >= 0 && marker < QL_ITEM_ICON_COUNT ? 1u << marker : 0; }
 
 // ---- preview ---------------------------------------------------------------------------------
 
@@ -436,7 +417,7 @@ HWND CalendarSettingsWin::CreateStripFor(SettingsPage* page, int stripNumber, HW
     for (int i = 0; i < 6; ++i)
         if (kStripControls[i] == stripNumber) number = i + 1;
     bool dropDown = number <= 4;
-    int width = ScaleForDisplay(dropDown ? 22 : 16 * kIconChoiceCount);
+    int width = ScaleForDisplay(dropDown ? 22 : 16 * kItemIconChoiceCount);
     return calendar->strip(number).Create(parent, number, x, y, width, dropDown);
 }
 
@@ -458,34 +439,17 @@ void CalendarSettingsWin::CreateIconRows() {
 
     for (int kind = 0; kind < 2; ++kind) {
         const IconKind& icons = kIconKinds[kind];
-        for (int slot = 0; slot < 2; ++slot) {
-            IconMarkerStrip& dropDown = strip(icons.leftStrips[slot]);
-            int chosen = MarkerOfFlag((Calendar().*icons.left[slot]).value);
-            for (int i = 0; i < kIconChoiceCount; ++i) {
-                int marker = MarkerOfFlag(icons.choices[i].flag);
-                dropDown.AddMarker(LoadText(icons.choices[i].textId).c_str(), marker, marker,
-                                   marker == chosen ? kMarkerOff : kMarkerOn);
-            }
-        }
+        for (int slot = 0; slot < 2; ++slot)
+            FillLeftIconChoices(strip(icons.leftStrips[slot]), icons.choices, (Calendar().*icons.left[slot]).value);
         FillRightIcons(kind);
     }
     ShowControls(kApptLeft1Label, kTaskRight, SW_HIDE);
 }
 
-// The right-icon check-list offers every choice of its kind but the two left icons; a choice is
-// on when its flag is in the kind's right-icon set.
 void CalendarSettingsWin::FillRightIcons(int kind) {
     const IconKind& icons = kIconKinds[kind];
-    IconMarkerStrip& checkList = strip(icons.rightStrip);
-    DWORD set = (Calendar().*icons.right).value;
-    checkList.Clear();
-    for (int i = 0; i < kIconChoiceCount; ++i) {
-        DWORD flag = icons.choices[i].flag;
-        if (flag == (Calendar().*icons.left[0]).value || flag == (Calendar().*icons.left[1]).value) continue;
-        int marker = MarkerOfFlag(flag);
-        checkList.AddMarker(LoadText(icons.choices[i].textId).c_str(), marker, marker,
-                            (set & flag) ? kMarkerOn : kMarkerOff);
-    }
+    FillRightIconChoices(strip(icons.rightStrip), icons.choices, (Calendar().*icons.left[0]).value,
+                         (Calendar().*icons.left[1]).value, (Calendar().*icons.right).value);
 }
 
 // ---- sections ----------------------------------------------------------------------------------
@@ -815,10 +779,7 @@ LRESULT CalendarSettingsWin::OnMarkerSelected(HWND, UINT, WPARAM wParam, LPARAM 
 void CalendarSettingsWin::ChangeLeftIcon(int dropDown, DWORD flag) {
     int kind = (dropDown - 1) / 2;
     const IconKind& icons = kIconKinds[kind];
-    IntSetting& left = Calendar().*icons.left[(dropDown - 1) % 2];
-    IntSetting& right = Calendar().*icons.right;
-    SetInt(left, flag);
-    if (flag != 0 && (right.value & flag)) SetInt(right, right.value - flag);
+    ChooseLeftIcon(Calendar().*icons.left[(dropDown - 1) % 2], Calendar().*icons.right, flag);
     FillRightIcons(kind);
     ForgetTimeColumnWidth();
     InvalidateRect(pageWindow_, nullptr, TRUE);
