@@ -1,0 +1,127 @@
+// The Tasks page on the test registry: the date forms across month and year ends, the greyed
+// custom date that keeps its texts, the left and right icons, and the values round trip.
+#include "dialogs/modal_script.h"
+#include "page_fixture.h"
+#include "pages/tasks_page.h"
+#include "platform/clock.h"
+#include "support/display_scale.h"
+
+namespace {
+
+enum { kDateForm = 1, kUseCustom = 21, kCustomStartLabel = 22, kCustomStart = 23, kCustomDue = 25, kCustomShow = 27 };
+
+class TasksPage : public PageFixture {
+protected:
+    TasksSettingsWin* OpenOn(SYSTEMTIME day) {
+        SetProgramLocalTimeForTest(&day);
+        Open(2);
+        return static_cast<TasksSettingsWin*>(page_);
+    }
+    void TearDown() override {
+        SetProgramLocalTimeForTest(nullptr);
+        PageFixture::TearDown();
+    }
+    void Click(int number) { SendMessageW(Control(number), BM_CLICK, 0, 0); }
+    std::wstring Preview() { return static_cast<TasksSettingsWin*>(page_)->PreviewDateText().c_str(); }
+    void PaintIconSection() {
+        for (UINT code : {TCN_SELCHANGING, TCN_SELCHANGE}) {
+            if (code == static_cast<UINT>(TCN_SELCHANGE)) TabCtrl_SetCurSel(page_->sectionTabs(), 2);
+            NMHDR header = {page_->sectionTabs(), 0, code};
+            SendMessageW(page_->window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header));
+        }
+        UpdateWindow(page_->window());
+    }
+    TasksSettings& tasks = g_settings.tasks;
+};
+
+TEST_F(TasksPage, DateFormsRunIntoTheNextMonthAndYear) {
+    OpenOn({2010, 12, 2, 28, 23, 59, 0, 0});
+    EXPECT_EQ(Entries(kDateForm),
+              (std::vector<std::wstring>{L"12/28 - 1/4/11", L"12/28 - 1/4", L"12/28/10 (start)", L"1/4/11 (due)",
+                                         L"12/28 (start)", L"1/4 (due)", L"28/12 - 4/1/11", L"28/12 - 4/1",
+                                         L"28/12/10 (start)", L"4/1/11 (due)", L"28/12 (start)", L"4/1 (due)"}));
+    EXPECT_EQ(Selected(kDateForm), 3);
+    Close();
+    for (WORD year : {2011, 2012}) {
+        OpenOn({year, 2, 0, 25, 9, 0, 0, 0});
+        EXPECT_EQ(Entries(kDateForm)[1], year == 2012 ? L"2/25 - 3/3" : L"2/25 - 3/4") << "29 February in 2012";
+        Choose(kDateForm, 7);
+        EXPECT_EQ(Preview(), L"25/2 - 25/2") << "the sample starts and is due today";
+        Close();
+    }
+    EXPECT_EQ(tasks.TsksDateFrmt.value, 7u);
+}
+
+TEST_F(TasksPage, GreyedCustomDateKeepsItsTextsAndBadPicturesAreShownAsTyped) {
+    RegPutString(HKEY_CURRENT_USER, kTasksPath, L"CustomDateFrmtStart", L"ddd d");
+    RegPutDword(HKEY_CURRENT_USER, kTasksPath, L"TsksCustomDateStruct", 0);
+    OpenOn({2011, 3, 6, 5, 10, 0, 0, 0});
+    for (int number = kCustomStartLabel; number <= kCustomShow; ++number) EXPECT_FALSE(Enabled(number)) << number;
+    EXPECT_EQ(WindowText(Control(kCustomStart)), L"ddd d");
+    EXPECT_EQ(Preview(), L"3/5/11 (due)") << "form 3 while greyed";
+    Click(kUseCustom);
+    EXPECT_TRUE(Enabled(kCustomStart) && Enabled(kCustomShow));
+    std::wstring typed;
+    for (int i = 0; i < 60; ++i) typed += L"dddd ";
+    for (wchar_t key : typed) SendMessageW(Control(kCustomDue), WM_CHAR, key, 1);  // past the edit's limit
+    std::wstring preview = Preview();
+    EXPECT_EQ(preview.substr(0, 25), L"Sat 5 - Saturday Saturday");
+    EXPECT_GT(preview.size(), 256u) << "as long as the locale writes it";
+    PaintIconSection();
+    Click(kUseCustom);
+    EXPECT_FALSE(Enabled(kCustomDue));
+    Close();
+    SaveSettings();
+    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kTasksPath, L"UseCustomDateTsks");
+    EXPECT_REG_STRING(HKEY_CURRENT_USER, kTasksPath, L"CustomDateFrmtStart", L"ddd d");
+    EXPECT_REG_STRING(HKEY_CURRENT_USER, kTasksPath, L"CustomDateFrmtEnd", typed.substr(0, 256).c_str());
+
+    OpenOn({2011, 13, 0, 40, 10, 0, 0, 0});  // a date the locale refuses: no text anywhere
+    EXPECT_EQ(Entries(kDateForm), std::vector<std::wstring>(12));
+    Click(kUseCustom);
+    EXPECT_EQ(Preview(), L"");
+    PaintIconSection();
+    Close();
+    OpenOn({2011, 3, 6, 5, 10, 0, 0, 0});
+    Click(kUseCustom);
+    SetWindowTextW(Control(kCustomStart), L"");
+    Choose(kCustomShow, 1);
+    EXPECT_EQ(Preview(), L"") << "start only, and no start picture";
+}
+
+TEST_F(TasksPage, LeftIconsLeaveTheRightSetAndComeBackUnlessTheOtherSlotHoldsThem) {
+    TasksSettingsWin* page = OpenOn({2011, 3, 6, 5, 10, 0, 0, 0});
+    IconMarkerStrip& right = page->strip(3);
+    page->strip(2).ChooseMarker(2);  // recurring (flag 4) on the left
+    page->strip(1).ChooseMarker(1);  // reminder (flag 2)
+    EXPECT_EQ(tasks.TasksRightIcons.value, 383u - 4 - 2) << "both left the set at once";
+    page->strip(1).ChooseMarker(2);  // slot 1 takes slot 2's icon: the reminder comes back, unticked
+    ASSERT_GE(right.IndexOfValue(1), 0);
+    EXPECT_EQ(right.stateAt(right.IndexOfValue(1)), kMarkerOff);
+    page->strip(1).ChooseMarker(5);  // high priority: recurring stays out, slot 2 still holds it
+    EXPECT_EQ(right.IndexOfValue(2) + right.IndexOfValue(5), -2);
+    right.Tap(right.IndexOfValue(1) * ScaleForDisplay(16) + 1, 1);
+    EXPECT_EQ(tasks.TasksRightIcons.value, 383u - 4 - 32);
+    Close();
+    SaveSettings();
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, kTasksPath, L"TaskTabLeftAlignIcon1", 32);
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, kTasksPath, L"TaskTabLeftAlignIcon2", 4);
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, kTasksPath, L"TasksRightIcons", 383 - 4 - 32);
+}
+
+TEST_F(TasksPage, SeededValuesComeBackUnchanged) {
+    const std::pair<const wchar_t*, DWORD> seeded[] = {
+        {L"TsksDateFrmt", 11}, {L"TsksLimitFutureDate", 7}, {L"HideCompletedTasks", 1}, {L"HidePastCompletedTasks", 0},
+        {L"ConfirmTaskCompleteTsks", 0}, {L"RemoveUndatedLeadingStr", 1}, {L"RemoveUndatedTsks", 1},
+        {L"TsksLineBreaker", 0}, {L"TsksFoldingType", 1}, {L"TsksUseSmartFolding", 0}, {L"IncludeCountersTsks", 0},
+        {L"TaskTabLeftAlignIcon1", 8}, {L"TasksRightIcons", 7}, {L"UseCustomDateTsks", 1}, {L"TsksCustomDateStruct", 2}};
+    for (const auto& value : seeded) RegPutDword(HKEY_CURRENT_USER, kTasksPath, value.first, value.second);
+    RegPutString(HKEY_CURRENT_USER, kTasksPath, L"CustomDateFrmtStart", L"'Start' yyyy");
+    RegPutString(HKEY_CURRENT_USER, kTasksPath, L"CustomDateFrmtEnd", L"MMMM dd");
+    RegSnapshot before = WithoutEmptyKeys(Snapshot(HKEY_CURRENT_USER, kProductPath));
+    OpenOn({2011, 3, 6, 5, 10, 0, 0, 0});
+    ShowEverySectionCloseAndSave();
+    EXPECT_EQ(WithoutEmptyKeys(Snapshot(HKEY_CURRENT_USER, kProductPath)), before);
+}
+
+}  // namespace
