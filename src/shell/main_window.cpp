@@ -276,7 +276,10 @@ LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
         OnCommand(window, LOWORD(wParam));
         return 0;
     case kClosePageMessage:
-        CloseCurrentPage(window);
+        // wParam 0: the page's OK. Otherwise the page window that was destroyed on its own (a
+        // loaded colour scheme closes its page); only that page is closed, never a later one.
+        if (!wParam || (g_app.currentPage && g_app.currentPage->window() == reinterpret_cast<HWND>(wParam)))
+            CloseCurrentPage(window);
         return 0;
     default:
         return DefWindowProcW(window, message, wParam, lParam);

@@ -119,7 +119,12 @@ LRESULT CALLBACK SettingsPage::WindowProc(HWND window, UINT message, WPARAM wPar
         SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(create->lpCreateParams));
     }
     auto* page = reinterpret_cast<SettingsPage*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (message == WM_NCDESTROY) SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    if (message == WM_NCDESTROY) {
+        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        // A page window destroyed by the page itself leaves the main window holding a page
+        // without a window: it is told, and closes that page unless it has already done so.
+        if (page) PostMessageW(GetParent(window), kClosePageMessage, reinterpret_cast<WPARAM>(window), 0);
+    }
     if (!page) return DefWindowProcW(window, message, wParam, lParam);
     return page->Dispatch(window, message, wParam, lParam);
 }
@@ -333,6 +338,15 @@ void SettingsPage::CreateList(int number, const UINT* itemIds, int count, int to
         item.pszText = const_cast<wchar_t*>(text.c_str());
         SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
     }
+    FitListColumn(list);
+}
+
+// The one column spans the list's client area, which narrows once a vertical scroll bar shows;
+// pages call this again after filling a list themselves.
+void SettingsPage::FitListColumn(HWND list) {
+    RECT client = {};
+    GetClientRect(list, &client);
+    SendMessageW(list, LVM_SETCOLUMNWIDTH, 0, client.right);
 }
 
 int SettingsPage::CreateCheckBox(int number, UINT textId, bool checked, int top) {

@@ -69,6 +69,7 @@ protected:
     LRESULT CreateEdit(int number, const wchar_t* text, int x, int y, int width, int height);
     void CreateButton(int number, UINT textId, int x, int y, int width, int height);
     void CreateList(int number, const UINT* itemIds, int count, int top);
+    static void FitListColumn(HWND list);
     int CreateCheckBox(int number, UINT textId, bool checked, int top);
     int CreateComboRow(int labelNumber, int comboNumber, UINT labelId, const UINT* itemIds, int count, int selection,
                        int top, bool editable);
