@@ -12,7 +12,8 @@ export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
 ql_die() { echo "error: $*" >&2; exit 1; }
 ql_say() { echo "== $*" >&2; }
 
-QL_PACKAGES=(cmake make g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 wine wine64 fonts-wine
+QL_PACKAGES=(cmake make g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
+             g++-mingw-w64-i686-posix binutils-mingw-w64-i686 wine wine64 fonts-wine
              xvfb xauth x11-utils imagemagick googletest libstb-dev)
 
 # Installs the Debian packages that are missing; does nothing when all are there.
@@ -31,6 +32,20 @@ ql_install_packages() {
     $sudo apt-get update -q || ql_die "apt-get update failed"
     DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -q --no-install-recommends "${missing[@]}" \
         || ql_die "could not install: ${missing[*]}"
+}
+
+# Builds the program (library, .exe and resource libraries) for the device's 32-bit word size
+# too, warnings as errors, so pointer-width and structure-size mistakes stop the build. Nothing of
+# it is run.
+ql_build_32() {
+    local dir=$QL_BUILD/i686
+    if [ ! -f "$dir/CMakeCache.txt" ]; then
+        cmake -S "$QL_ROOT" -B "$dir" -DCMAKE_TOOLCHAIN_FILE="$QL_ROOT/cmake/mingw-w64-i686.cmake" \
+            -DCMAKE_BUILD_TYPE=Release -DQL_BUILD_TESTS=OFF -DCMAKE_CXX_FLAGS=-Werror >/dev/null \
+            || ql_die "cmake configuration of the 32-bit build failed"
+    fi
+    cmake --build "$dir" -j "$(nproc)" --target ql_options -- --no-print-directory >"$dir/build.log" 2>&1 \
+        || { tail -n 60 "$dir/build.log" >&2; ql_die "32-bit build failed (full log: $dir/build.log)"; }
 }
 
 # Configures (once) and builds everything.
