@@ -120,7 +120,7 @@ const DateForm kDateForms[] = {
     {nullptr, L"d'/'M'/'yy"},  {L"d'/'M", nullptr},  {nullptr, L"d'/'M"},
 };
 const int kDaysToDue = 7;
-// The custom structure: what the "Show:" choice keeps of the two custom pictures.
+// The custom structure: what the "Show dates:" choice keeps of the two custom pictures.
 enum CustomShow { kShowBoth, kShowStart, kShowDue };
 const int kMostText = 256;
 
@@ -267,7 +267,7 @@ void TasksSettingsWin::FillRightIcons() {
                          tasks.TaskTabLeftAlignIcon2.value, tasks.TasksRightIcons.value);
 }
 
-// The check box, then two labelled pictures side by side, then the "Show:" row.
+// The check box, then two labelled pictures side by side, then the "Show dates:" row.
 void TasksSettingsWin::CreateCustomDateRows() {
     auto s = ScaleForDisplay;
     const Tasks& tasks = TasksRecord();
@@ -328,7 +328,7 @@ LRESULT TasksSettingsWin::OnMarkerToggled(HWND window, UINT, WPARAM wParam, LPAR
 // ---- preview -------------------------------------------------------------------------------------
 
 // The sample task starts and is due today. With the custom date ticked its pictures are those
-// typed, as far as the "Show:" choice keeps them (an empty picture shows nothing); otherwise the
+// typed, as far as the "Show dates:" choice keeps them (an empty picture shows nothing); otherwise the
 // chosen one of the twelve forms.
 WString TasksSettingsWin::PreviewDateText() const {
     SYSTEMTIME today = Today();
