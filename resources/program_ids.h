@@ -31,3 +31,6 @@
 
 // ---- Alphabet selection: an empty full-screen dialog; its label and list are made in code ----
 #define IDD_ALPHABET_SELECTION 312
+
+// ---- Icon chooser: category icons and icon sets; its list is made in code -----------------------
+#define IDD_ICON_CHOOSER 313

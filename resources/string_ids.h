@@ -695,7 +695,16 @@
     X(IDS_CAT_SENSITIVITY_EXCLUDE, 40956)                                                        \
     X(IDS_CAT_CHECK_ALL, 40570)                                                                  \
     X(IDS_CAT_CHECK_NONE, 40571)                                                                 \
-    X(IDS_CAT_ICONS_FOLDER_LABEL, 40480)
+    X(IDS_CAT_ICONS_FOLDER_LABEL, 40480)                                                         \
+    X(IDS_CAT_ICON_NAME_TEXT, 41354)                                                             \
+    X(IDS_CAT_ICON_NAME_CAPTION, 41355)
+
+// Icon chooser: its two titles and the first entry of each mode.
+#define QL_ICON_CHOOSER_STRING_IDS(X)                                                            \
+    X(IDS_ICON_CHOOSER_TITLE, 41350)                                                             \
+    X(IDS_ICON_SET_TITLE, 41351)                                                                 \
+    X(IDS_ICON_NONE, 41352)                                                                      \
+    X(IDS_ICON_SET_STANDARD, 41353)
 
 // Font dialog (template 210): the texts set on its controls at start.
 #define QL_FONT_DIALOG_STRING_IDS(X)                                                             \
@@ -732,6 +741,7 @@
     QL_PIM_PAGE_STRING_IDS(X)                                                                    \
     QL_TABS_PAGE_STRING_IDS(X)                                                                   \
     QL_CATEGORIES_PAGE_STRING_IDS(X)                                                             \
+    QL_ICON_CHOOSER_STRING_IDS(X)                                                                \
     QL_FONT_DIALOG_STRING_IDS(X)                                                                 \
     QL_BROWSER_STRING_IDS(X)
 
@@ -759,6 +769,7 @@ inline constexpr UINT kMessageTextIds[] = {
     IDS_SCHEME_SAVED_TEXT,       IDS_SCHEME_LOAD_TEXT,
     IDS_SCHEME_CANNOT_OPEN_TEXT, IDS_SCHEME_DAMAGED_TEXT,
     IDS_TABS_ALREADY_TAB_TEXT,   IDS_TABS_DISABLE_PLUGIN_TEXT,
+    IDS_CAT_ICON_NAME_TEXT,
 };
 
 // Texts used as printf formats, with the one "%d" each is given.

@@ -4,6 +4,7 @@
 
 #include "files/category_database.h"
 #include "files/filters.h"
+#include "images/bitmap_file.h"
 #include "platform/shell.h"
 #include "settings/key_table.h"
 #include "settings/registry_values.h"
@@ -44,14 +45,22 @@ void QueryEach(CategoryList& categories, const wchar_t* prefix, DWORD CategoryRe
     for (CategoryRecord* r = categories.head; r; r = r->next) QueryInto(key.get(), ValueName(prefix, *r), r->*field);
 }
 
+// A missing, unreadable or broken picture leaves the record without an icon.
+void LoadIcon(CategoryRecord& record, const wchar_t* iconsFolder) {
+    WString path;
+    record.icon.reset(CategoryIconPath(iconsFolder, record.name.c_str(), &path) ? LoadCheckedBitmap(path.c_str())
+                                                                                : nullptr);
+}
+
 void LoadIcons(CategoryList& categories, const wchar_t* iconsFolder) {
-    for (CategoryRecord* r = categories.head; r; r = r->next) {
-        WString path(iconsFolder);
-        path.append(L"\\");
-        path.append(r->name.c_str());
-        path.append(L".bmp");
-        r->icon.reset(SHLoadDIBitmap(path.c_str()));
-    }
+    for (CategoryRecord* r = categories.head; r; r = r->next) LoadIcon(*r, iconsFolder);
+}
+
+bool CanBeFileName(const wchar_t* name) {
+    if (!*name) return false;
+    for (const wchar_t* c = name; *c; ++c)
+        if (*c < 32 || wcschr(L"\\/:*?\"<>|", *c)) return false;
+    return true;
 }
 
 }  // namespace
@@ -93,4 +102,30 @@ void SaveCategoryLook(const CategoryList& categories) {
         WriteDwordOrDelete(key.get(), ValueName(kColourPrefix, *r).c_str(), r->colour, kNoCategoryColour);
         WriteDwordOrDelete(key.get(), ValueName(kFilterPrefix, *r).c_str(), r->filterMask, 0);
     }
+}
+
+bool CategoryIconPath(const wchar_t* iconsFolder, const wchar_t* name, WString* path) {
+    path->assign(L"");
+    if (!CanBeFileName(name)) return false;
+    path->assign(iconsFolder);
+    path->append(L"\\");
+    path->append(name);
+    path->append(L".bmp");
+    return true;
+}
+
+bool ChangeCategoryIcon(CategoryRecord& record, const wchar_t* iconsFolder, const wchar_t* chosenPath) {
+    WString iconPath;
+    if (!CategoryIconPath(iconsFolder, record.name.c_str(), &iconPath)) return false;
+    if (_wcsicmp(chosenPath, iconPath.c_str()) == 0) return false;
+    record.icon.reset();
+    if (*chosenPath) {
+        CreateDirectoryW(iconsFolder, nullptr);
+        // Copied over the old file rather than after deleting it: a copy that fails keeps the old icon.
+        CopyFileW(chosenPath, iconPath.c_str(), FALSE);
+    } else {
+        DeleteFileW(iconPath.c_str());
+    }
+    LoadIcon(record, iconsFolder);
+    return true;
 }

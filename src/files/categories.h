@@ -50,3 +50,15 @@ void LoadCategories();
 void LoadCategoryLook(CategoryList& categories, const wchar_t* iconsFolder);
 // Writes colour and mask of every record; a colour of 0xFFFFFFFF or a mask of 0 deletes the value.
 void SaveCategoryLook(const CategoryList& categories);
+
+// The icon file of category `name`: iconsFolder\name.bmp. False, with `path` left empty, when the
+// name holds a character a file name cannot have (\ / : * ? " < > | or a control character), so
+// that no name can reach outside the icons folder.
+bool CategoryIconPath(const wchar_t* iconsFolder, const wchar_t* name, WString* path);
+
+// Gives the category the picture at `chosenPath` as its icon, at once: the picture is copied over
+// the category's icon file (the icons folder is made when missing) and loaded; an empty path
+// deletes the icon file. The record's icon is then whatever the icon file holds. Nothing happens
+// when the chosen path is the icon file itself or the name cannot be a file name; returns whether
+// the icon file was changed.
+bool ChangeCategoryIcon(CategoryRecord& record, const wchar_t* iconsFolder, const wchar_t* chosenPath);

@@ -1,6 +1,7 @@
 #include "shell/page_factory.h"
 
 #include "pages/calendar_page.h"
+#include "pages/categories_page.h"
 #include "pages/colours_page.h"
 #include "pages/contacts_page.h"
 #include "pages/fonts_page.h"
@@ -26,7 +27,7 @@ const PageEntry kPages[kPageCount] = {
     {L"GeneralSettingsWin", CreateGeneralPage},  {L"CalendarSettingsWin", CreateCalendarPage}, {L"TasksSettingsWin", CreateTasksPage},
     {L"NotesSettingsWin", CreateNotesPage},    {L"ContactSettingsWin", CreateContactsPage},  {L"MessagesSettingsWin", CreateMessagesPage},
     {L"SEventsSettingsWin", CreateSEventsPage},  {L"FontSettingsWin", CreateFontsPage},     {L"ColorSettingsWin", CreateColoursPage},
-    {L"PIMSettingsWin", CreatePimPage},      {L"TabsSettingsWin", CreateTabsPage},{L"CategorySettingsWin", nullptr},
+    {L"PIMSettingsWin", CreatePimPage},      {L"TabsSettingsWin", CreateTabsPage},{L"CategorySettingsWin", CreateCategoriesPage},
 };
 
 }  // namespace

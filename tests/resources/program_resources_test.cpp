@@ -127,6 +127,7 @@ const std::vector<ExpectedDialog>& ExpectedDialogs() {
         {IDD_TODAY_PLUGIN_CHOOSER,
          {{IDC_PLUGIN_COMBO, L"ComboBox"}, {IDC_PLUGIN_INTRO, L"Static"}, {IDC_PLUGIN_NOTE, L"Static"}}},
         {IDD_ALPHABET_SELECTION, {}},
+        {IDD_ICON_CHOOSER, {}},
     };
     return dialogs;
 }

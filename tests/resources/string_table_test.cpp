@@ -178,8 +178,9 @@ const std::vector<WidthGroup>& WidthGroups() {
     static const std::vector<WidthGroup> groups = {
         {"40-pixel buttons", 40 - 6, {IDS_FNT_EDIT}},
         {"45-pixel path buttons", 45 - 6, {IDS_BUTTON_BROWSE}},
-        {"55-pixel buttons", 55 - 6, {IDS_BUTTON_DOWN}},
-        {"60-pixel buttons", 60 - 6, {IDS_NOTE_REMOVE_FOLDER}},
+        {"55-pixel buttons", 55 - 6, {IDS_BUTTON_DOWN, IDS_CAT_ICON, IDS_CAT_COLOR, IDS_CAT_RENAME}},
+        {"60-pixel buttons", 60 - 6, {IDS_NOTE_REMOVE_FOLDER, IDS_CAT_CHECK_ALL, IDS_CAT_CHECK_NONE}},
+        {"Categories page labels (70 pixels)", 70 - 4, {IDS_CAT_FILTER_LABEL, IDS_CAT_SENSITIVITY_LABEL}},
         {"75-pixel buttons", 75 - 6, {IDS_TABS_REMOVE}},
         {"80-pixel buttons", 80 - 6, {IDS_CLR_SCHEME_DELETE}},
         {"row labels (240 - 140 pixels)",
