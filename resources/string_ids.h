@@ -31,6 +31,8 @@
 // Legacy entries of the main menu's sub-menu (positions 5 and 6, removed at start-up).
 #define IDM_LEGACY_REGISTER 40841
 #define IDM_LEGACY_CHECK_UPDATES 40842
+// Main menu: the icon set chooser.
+#define IDM_ICON_SET 40843
 
 // ---- String ids, by window ------------------------------------------------------------------
 

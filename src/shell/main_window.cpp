@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "dialogs/icon_chooser.h"
 #include "files/categories.h"
 #include "files/filters.h"
 #include "settings/key_table.h"
@@ -232,6 +233,9 @@ void OnCommand(HWND window, UINT command) {
         break;
     case kCommandImport:
         RunImportCommand(window);
+        break;
+    case kCommandIconSet:
+        if (ChooseIconSet(window)) LoadItemIcons();  // pages opened from now on show the chosen set
         break;
     default:
         break;  // unknown commands are ignored

@@ -11,6 +11,7 @@ enum MainCommand : UINT {
     kCommandAbout = 40053,
     kCommandExport = 40839,
     kCommandImport = 40840,
+    kCommandIconSet = 40843,
 };
 
 // Registers the main window's class; returns false when the class could not be registered.

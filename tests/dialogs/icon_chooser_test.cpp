@@ -1,0 +1,137 @@
+// The icon chooser run for real in both modes: the pictures offered, broken pictures shown as
+// "none", the answer for each way of leaving it, and the icon set kept under the IconSet key and
+// used by the item icon table.
+#include <windows.h>
+#include <commctrl.h>
+
+#include <vector>
+
+#include "common/bitmap_bytes.h"
+#include "dialogs/icon_chooser.h"
+#include "dialogs/modal_script.h"
+#include "files/icon_sets.h"
+#include "settings/settings_test_util.h"
+#include "shell/application.h"
+#include "shell/item_icons.h"
+#include "support/app_state.h"
+
+namespace {
+
+using Texts = std::vector<std::wstring>;
+const COLORREF kSetColour = RGB(200, 30, 60);
+
+class IconChooser : public ::testing::Test {
+protected:
+    void SetUp() override {
+        InitCommonControlsForProgram();
+        RegRemoveTree(HKEY_CURRENT_USER, kIconSetKeyPath);
+        LoadSettings();  // this takes the language library away: it is loaded after
+        g_settings.productFolder.assign(folder_.path().c_str());
+        g_app.languageLibrary = LoadLibraryW((TestBinDir() + L"\\QLEngRc.dll").c_str());
+        g_app.displayLibrary = LoadLibraryW((TestBinDir() + L"\\LowDpiRes.dll").c_str());
+    }
+    void TearDown() override {
+        FreeItemIcons();
+        for (HMODULE* library : {&g_app.languageLibrary, &g_app.displayLibrary}) FreeLibrary(*library), *library = 0;
+        RegRemoveTree(HKEY_CURRENT_USER, kIconSetKeyPath);
+    }
+    // Runs `open`; in the chooser titled `title` notes the entries and their pictures, selects
+    // entry `pick` (none when -1) and presses `command`.
+    void Run(const wchar_t* title, const std::function<void()>& open, int pick, int command = IDOK) {
+        ModalScript().Then([&] {
+            HWND dialog = ModalScript::FindDialog(title), list = GetDlgItem(dialog, kIconChooserList);
+            if (!list) return false;
+            offered_ = ListTexts(list), selected_ = SelectedText(list), pictures_.clear();
+            for (int row = 0; row < ListView_GetItemCount(list); ++row) pictures_.push_back(Picture(list, row));
+            ListView_SetItemState(list, -1, 0, LVIS_SELECTED);
+            if (pick >= 0) ListView_SetItemState(list, pick, LVIS_SELECTED, LVIS_SELECTED);
+            return PostMessageW(dialog, WM_COMMAND, command, 0) != FALSE;
+        }).Play(open);
+    }
+    // The pixels of an entry's large icon.
+    static std::vector<DWORD> Picture(HWND list, int row) {
+        LVITEMW item = {LVIF_IMAGE, row};
+        ListView_GetItem(list, &item);
+        return ImagePixels(ListView_GetImageList(list, LVSIL_NORMAL), item.iImage);
+    }
+    // Image `index` of the list drawn on black, row by row.
+    static std::vector<DWORD> ImagePixels(HIMAGELIST images, int index) {
+        int side = 0;
+        ImageList_GetIconSize(images, &side, &side);
+        DWORD* bits = nullptr;
+        HBITMAP target = CreateTopDownDib(side, side, &bits);
+        HDC dc = CreateCompatibleDC(nullptr);
+        HGDIOBJ old = SelectObject(dc, target);
+        ImageList_Draw(images, index, dc, 0, 0, ILD_NORMAL);
+        GdiFlush();
+        std::vector<DWORD> pixels(bits, bits + side * side);
+        SelectObject(dc, old), DeleteDC(dc), DeleteObject(target);
+        return pixels;
+    }
+    // Loads the item icon table; the colour near the left edge of its ninth icon.
+    static COLORREF LastItemIconColour() {
+        LoadItemIcons();
+        if (ImageList_GetImageCount(ItemIcons()) != 9) return CLR_NONE;
+        return ColourOfDibPixel(ImagePixels(ItemIcons(), 8)[8 * 16 + 2]);
+    }
+    ScratchFolder folder_{L"icon_chooser"};
+    Texts offered_;
+    std::wstring selected_;
+    std::vector<std::vector<DWORD>> pictures_;
+};
+
+TEST_F(IconChooser, OffersThePicturesOfTheFoldersAndShowsBrokenOnesAsNone) {
+    std::string good = PlainBitmap(12, 12, RGB(0, 0, 255));
+    WriteBytes(folder_.file(L"Good.bmp"), good);
+    WriteBytes(folder_.file(L"cut.bmp"), good.substr(0, good.size() - 7));
+    WriteBytes(folder_.file(L"Text.bmp"), "not a bitmap");
+    WriteBytes(folder_.file(L"Note.txt"), good);
+    CreateDirectoryW(folder_.file(L"Folder.bmp").c_str(), nullptr);
+    std::vector<WString> folders = {WString(L"C:\\no such folder"), WString(folder_.path().c_str())};
+    std::wstring current = folder_.file(L"Good.bmp");
+    WString chosen(L"unchanged");
+    auto open = [&] { ChooseCategoryIcon(nullptr, folders, current.c_str(), &chosen); };
+
+    Run(L"Category Icon", open, 3);
+    EXPECT_EQ(offered_, (Texts{L"No icon", L"cut", L"Good", L"Text"}));
+    EXPECT_EQ(selected_, L"Good") << "the current icon";
+    ASSERT_EQ(pictures_.size(), 4u);
+    EXPECT_TRUE(pictures_[1] == pictures_[0] && pictures_[3] == pictures_[0]) << "broken pictures look like none";
+    EXPECT_NE(pictures_[2], pictures_[0]);
+    EXPECT_EQ(std::wstring(chosen.c_str()), folder_.file(L"Text.bmp"));
+
+    Run(L"Category Icon", open, 0, IDCANCEL);
+    EXPECT_EQ(std::wstring(chosen.c_str()), folder_.file(L"Text.bmp")) << "cancelled";
+    Run(L"Category Icon", open, -1);
+    EXPECT_EQ(std::wstring(chosen.c_str()), current) << "nothing selected: the choice stays";
+    Run(L"Category Icon", open, 0);
+    EXPECT_STREQ(chosen.c_str(), L"") << "no icon";
+}
+
+TEST_F(IconChooser, TheChosenSetIsKeptAndDrawnByTheItemIconTable) {
+    CreateDirectoryW(IconSetsFolder().c_str(), nullptr);
+    auto strip = [](int x, int) { return x % 16 < 8 ? kSetColour : RGB(255, 0, 255); };
+    WriteBytes(IconSetPath(L"Flat.bmp").c_str(), BitmapFileBytes(9 * 16, 16, strip));
+    WriteBytes(IconSetPath(L"Short.bmp").c_str(), BitmapFileBytes(8 * 16, 16, strip));
+    WriteBytes(IconSetPath(L"Junk.bmp").c_str(), "BM junk");
+    auto open = [] { ChooseIconSet(nullptr); };
+
+    Run(L"Icon Set", open, 1);
+    ASSERT_EQ(offered_, (Texts{L"Standard", L"Flat", L"Junk", L"Short"}));
+    EXPECT_EQ(selected_, L"Standard");
+    EXPECT_TRUE(pictures_[3] == pictures_[2] && pictures_[1] != pictures_[2] && pictures_[0] != pictures_[2])
+        << "eight icons are no set";
+    EXPECT_REG_STRING(HKEY_CURRENT_USER, kIconSetKeyPath, kIconSetValueName, L"Flat.bmp");
+    EXPECT_EQ(LastItemIconColour(), kSetColour);
+
+    Run(L"Icon Set", open, 3, IDCANCEL);
+    EXPECT_EQ(selected_, L"Flat");
+    for (const wchar_t* stored : {L"Short.bmp", L"..\\Icons\\Flat.bmp"}) {
+        RegPutString(HKEY_CURRENT_USER, kIconSetKeyPath, kIconSetValueName, stored);
+        EXPECT_NE(LastItemIconColour(), kSetColour) << stored << ": the built-in icons instead";
+    }
+    Run(L"Icon Set", open, 0);
+    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kIconSetKeyPath, kIconSetValueName);
+}
+
+}  // namespace
