@@ -1,4 +1,6 @@
 #pragma once
+// Pages by index. Declared here for the main window; defined with the pages themselves
+// (src/pages/page_factory.cpp), so that the shell includes no page.
 #include <windows.h>
 
 class SettingsPage;
