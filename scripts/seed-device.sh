@@ -14,6 +14,10 @@
 #   of the name must stand four characters from its end).
 # - Three sample colour schemes in "\Program Files\Orvane\Quillory\Schemes" (from
 #   resources/schemes): a light, a dark and a high-contrast look, ready to load on the Colours page.
+# - Six sample category icons (12 x 12, green transparent) in
+#   "\Program Files\Orvane\Quillory\CategoryIcons", named after categories above, so that the
+#   Categories page shows them and its icon chooser offers them; and one icon set, Flat.bmp, in
+#   "\Program Files\Orvane\Quillory\Icons" for the icon set chooser (both from resources/icons).
 #
 # Each part is seeded once only, so that the user's edits to it survive.
 #
@@ -102,6 +106,16 @@ seed_sample_schemes() {
     touch "$marker"
 }
 
+seed_sample_icons() {
+    local marker=$prefix/.ql-sample-icons
+    local product="$prefix/drive_c/Program Files/Orvane/Quillory"
+    [ -e "$marker" ] && return 0
+    mkdir -p "$product/CategoryIcons" "$product/Icons"
+    cp -n "$(dirname "$0")/../resources/icons/categories/"*.bmp "$product/CategoryIcons/"
+    cp -n "$(dirname "$0")/../resources/icons/sets/"*.bmp "$product/Icons/"
+    touch "$marker"
+}
+
 # The values the PIM page detects an application by: a non-zero "version", a non-zero "VerMajor",
 # a non-empty "InstallPath".
 seed_pim() {
@@ -130,4 +144,5 @@ seed_categories
 seed_today_items
 seed_custom_alphabets
 seed_sample_schemes
+seed_sample_icons
 [ -z "$pim" ] || seed_pim "$pim"

@@ -123,6 +123,19 @@ void AddColumn(HWND list, const wchar_t* title, int width) {
     ListView_InsertColumn(list, 0, &column);
 }
 
+// The icon centred near the row's left edge, at most 12 units square. A picture no larger than
+// that is taken as drawn for 96 dpi and scaled with the display; a larger one is cut to the size.
+void DrawRowIcon(HDC dc, const RECT& row, HBITMAP icon, int width, int height) {
+    bool baseSize = width <= kIconSide && height <= kIconSide;
+    int shownWidth = baseSize ? width : std::min(width, ScaleForDisplay(kIconSide));
+    int shownHeight = baseSize ? height : std::min(height, ScaleForDisplay(kIconSide));
+    int drawnWidth = baseSize ? ScaleForDisplay(width) : shownWidth;
+    int drawnHeight = baseSize ? ScaleForDisplay(height) : shownHeight;
+    TransparentImage(dc, row.left + ScaleForDisplay(kIconCentreX) - drawnWidth / 2,
+                     row.top + ScaleForDisplay(kIconCentreY) - drawnHeight / 2, drawnWidth, drawnHeight, icon, 0, 0,
+                     shownWidth, shownHeight, kIconKey);
+}
+
 }  // namespace
 
 CategorySettingsWin::CategorySettingsWin() : filterTabShown_(g_settings.general.FilterMethodToUse.value != 0) {}
@@ -411,8 +424,8 @@ LRESULT CategorySettingsWin::OnMeasureItem(HWND, UINT, WPARAM, LPARAM lParam) {
     return 1;
 }
 
-// A category row: the background (the highlight colours when selected), the icon at most 12 square
-// centred near the left edge, the colour swatch at the right edge, the name between them.
+// A category row: the background (the highlight colours when selected), the icon, the colour
+// swatch at the right edge and the name between them.
 LRESULT CategorySettingsWin::OnDrawItem(HWND, UINT, WPARAM, LPARAM lParam) {
     const auto* draw = reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
     if (draw->CtlType != ODT_LISTVIEW || draw->hwndItem != control(kCategoryList)) return 0;
@@ -429,11 +442,7 @@ LRESULT CategorySettingsWin::OnDrawItem(HWND, UINT, WPARAM, LPARAM lParam) {
     text.left += ScaleForDisplay(kTextIndent);
     BITMAP icon = {};
     if (record->icon && GetObjectW(record->icon.get(), sizeof icon, &icon)) {
-        int width = std::min<int>(icon.bmWidth, ScaleForDisplay(kIconSide));
-        int height = std::min<int>(icon.bmHeight < 0 ? -icon.bmHeight : icon.bmHeight, ScaleForDisplay(kIconSide));
-        TransparentImage(dc, row.left + ScaleForDisplay(kIconCentreX) - width / 2,
-                         row.top + ScaleForDisplay(kIconCentreY) - height / 2, width, height, record->icon.get(), 0, 0,
-                         width, height, kIconKey);
+        DrawRowIcon(dc, row, record->icon.get(), icon.bmWidth, icon.bmHeight < 0 ? -icon.bmHeight : icon.bmHeight);
         text.left += ScaleForDisplay(kIconTextShift);
     }
     if (record->colour != kNoCategoryColour) {
