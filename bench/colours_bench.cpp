@@ -11,66 +11,40 @@
 #include "files/colour_schemes.h"
 #include "files/filters.h"
 #include "files/registry_text.h"
+#include "page_bench.h"
 #include "settings/key_table.h"
 #include "settings/registry_values.h"
 #include "settings/settings.h"
-#include "shell/application.h"
 #include "shell/page_factory.h"
 #include "shell/settings_page.h"
-#include "support/app_state.h"
 
 namespace {
 
 const int kColoursPage = 8, kSchemeFiles = 20, kSeededColour = 0x00123456;
 const wchar_t* const kPageClasses[] = {L"button", WC_LISTVIEWW, L"edit", L"button", WC_LISTVIEWW, L"button",
                                        L"button"};
-HWND g_owner = nullptr;
 std::wstring g_folder;
-
-void ShowSection(SettingsPage* page, int section) {
-    NMHDR header = {page->sectionTabs(), 0, static_cast<UINT>(TCN_SELCHANGING)};
-    SendMessageW(page->window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header));
-    SendMessageW(page->sectionTabs(), TCM_SETCURSEL, section, 0);
-    header.code = static_cast<UINT>(TCN_SELCHANGE);
-    SendMessageW(page->window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header));
-}
 
 void UseBenchFolder() { g_settings.productFolder.assign(g_folder.c_str()); }
 
 void OpenShowAndClose() {
-    SettingsPage* page = CreatePage(g_owner, kColoursPage);
+    SettingsPage* page = CreatePage(g_pageBenchOwner, kColoursPage);
     BenchCheck(page && page->window(), "page window created");
     BenchCheckCount(SendMessageW(page->control(1), LVM_GETITEMCOUNT, 0, 0), 16, "colour items listed");
     BenchCheckCount(SendMessageW(page->control(4), LVM_GETITEMCOUNT, 0, 0), kSchemeFiles, "schemes listed");
-    ShowSection(page, 1);
+    ShowPageSection(page, 1);
     BenchCheckCount(page->CurrentSection(), 1, "section shown");
     DestroyWindow(page->window());
     delete page;
 }
 
 void CreateBare() {
-    HWND host = CreateWindowExW(0, L"static", L"", WS_POPUP | WS_VISIBLE, 0, 0, 240, 294, g_owner, nullptr,
-                                g_app.instance, nullptr);
-    HWND tabs = CreateWindowExW(0, WC_TABCONTROLW, L"", WS_CHILD | WS_VISIBLE | TCS_BOTTOM, 0, 272, 240, 22, host,
-                                nullptr, g_app.instance, nullptr);
-    for (int section = 0; section < 2; ++section) {
-        TCITEMW item = {TCIF_TEXT};
-        item.pszText = const_cast<wchar_t*>(L"Section");
-        SendMessageW(tabs, TCM_INSERTITEMW, section, reinterpret_cast<LPARAM>(&item));
-    }
+    HWND host = CreateBareHost(BareLayout::kFixed, 2);
     int created = 0, items = 0, lists = 0;
     for (const wchar_t* name : kPageClasses) {
-        HWND child = CreateWindowExW(0, name, L"Text", WS_CHILD | WS_VISIBLE | LVS_REPORT, 10, 10, 120, 20, host,
-                                     nullptr, g_app.instance, nullptr);
+        HWND child = CreateBareChild(host, name, created, LVS_REPORT);
         created += child != nullptr;
-        if (wcscmp(name, WC_LISTVIEWW) != 0) continue;
-        LVCOLUMNW column = {LVCF_WIDTH, 0, 120};
-        ListView_InsertColumn(child, 0, &column);
-        for (int i = 0, count = lists++ == 0 ? 16 : kSchemeFiles; i < count; ++i) {
-            LVITEMW item = {LVIF_TEXT, i};
-            item.pszText = const_cast<wchar_t*>(L"Item");
-            items += ListView_InsertItem(child, &item) >= 0;
-        }
+        if (wcscmp(name, WC_LISTVIEWW) == 0) items += FillBareList(child, lists++ == 0 ? 16 : kSchemeFiles, L"Item");
     }
     BenchCheckCount(created, 7, "bare controls created");
     BenchCheckCount(items, 16 + kSchemeFiles, "bare items listed");
@@ -92,11 +66,7 @@ void SeedLook() {
 }
 
 void SetUp() {
-    InitCommonControlsForProgram();
-    g_app.instance = GetModuleHandleW(nullptr);
-    LoadSettings();
-    g_app.normalFont = static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
-    g_app.boldFont = g_app.normalFont;
+    SetUpPageBench();
     wchar_t temp[MAX_PATH];
     GetTempPathW(MAX_PATH, temp);
     g_folder = std::wstring(temp) + L"ql_bench_colours";
@@ -110,13 +80,10 @@ void SetUp() {
     }
     MakeDefaultFilters(g_filters);
     SeedLook();
-    g_owner = CreateWindowExW(0, L"static", L"QL Options", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 260, 340, nullptr,
-                              nullptr, g_app.instance, nullptr);
 }
 
 void TearDown() {
-    DestroyWindow(g_owner);
-    g_owner = nullptr;
+    TearDownPageBench();
     ClearCategories(g_categories);
     UseBenchFolder();
     for (const WString& name : ListSchemeFiles()) DeleteSchemeFile(name.c_str());

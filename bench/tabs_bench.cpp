@@ -8,6 +8,7 @@
 
 #include "bench_harness.h"
 #include "dialogs/today_plugin_chooser.h"
+#include "page_bench.h"
 #include "settings/registry_values.h"
 #include "settings/settings.h"
 #include "shell/application.h"
@@ -21,26 +22,17 @@ const int kTabsPage = 10;
 const int kPlugIns = 500, kOtherItems = 100;
 const wchar_t kBenchItemPrefix[] = L"QLBench";
 
-HWND g_owner = nullptr;
 HWND g_combo = nullptr;
-
-void ShowSection(SettingsPage* page, int section) {
-    NMHDR header = {page->sectionTabs(), 0, static_cast<UINT>(TCN_SELCHANGING)};
-    SendMessageW(page->window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header));
-    SendMessageW(page->sectionTabs(), TCM_SETCURSEL, section, 0);
-    header.code = static_cast<UINT>(TCN_SELCHANGE);
-    SendMessageW(page->window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header));
-}
 
 void OpenShowAndClose() {
     TabList& tabs = g_settings.tabSettings.tabs;
     for (TabEntry* entry = tabs.head(); entry; entry = entry->next) entry->order = 0;
-    SettingsPage* page = CreatePage(g_owner, kTabsPage);
+    SettingsPage* page = CreatePage(g_pageBenchOwner, kTabsPage);
     BenchCheck(page && page->window(), "page window created");
     HWND list = page->control(0);
     BenchCheckCount(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0), tabs.count() - 1, "rows listed");
     BenchCheckCount(SendMessageW(page->sectionTabs(), TCM_GETITEMCOUNT, 0, 0), 2, "sections");
-    ShowSection(page, 1);
+    ShowPageSection(page, 1);
     BenchCheckCount(page->CurrentSection(), 1, "section shown");
     DestroyWindow(page->window());
     delete page;
@@ -49,22 +41,13 @@ void OpenShowAndClose() {
 
 // The page's classes in its numbers: list, four buttons, two label-and-combo rows, a check box.
 void CreateBare() {
-    HWND host = CreateWindowExW(0, L"static", L"", WS_POPUP | WS_VISIBLE, 0, 0, 240, 294, g_owner, nullptr,
-                                g_app.instance, nullptr);
-    HWND tabs = CreateWindowExW(0, WC_TABCONTROLW, L"", WS_CHILD | WS_VISIBLE | TCS_BOTTOM, 0, 272, 240, 22, host,
-                                nullptr, g_app.instance, nullptr);
-    for (int section = 0; section < 2; ++section) {
-        TCITEMW item = {TCIF_TEXT};
-        item.pszText = const_cast<wchar_t*>(L"Section");
-        SendMessageW(tabs, TCM_INSERTITEMW, section, reinterpret_cast<LPARAM>(&item));
-    }
+    HWND host = CreateBareHost(BareLayout::kFixed, 2);
     const wchar_t* classes[] = {WC_LISTVIEWW, L"button", L"button", L"button", L"button",
                                 L"static",    L"combobox", L"static", L"combobox", L"button"};
     int created = 0;
     HWND list = nullptr;
     for (const wchar_t* name : classes) {
-        HWND child = CreateWindowExW(0, name, L"Text", WS_CHILD | WS_VISIBLE | (created == 0 ? LVS_REPORT : 0),
-                                     10, 10 + created * 2, 120, 20, host, nullptr, g_app.instance, nullptr);
+        HWND child = CreateBareChild(host, name, created, created == 0 ? LVS_REPORT : 0);
         if (!list) list = child;
         created += child != nullptr;
     }
@@ -136,20 +119,14 @@ void FillRaw() {
 }
 
 void SetUp() {
-    InitCommonControlsForProgram();
-    g_app.instance = GetModuleHandleW(nullptr);
-    LoadSettings();
-    g_app.normalFont = static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
-    g_app.boldFont = g_app.normalFont;
-    g_owner = CreateWindowExW(0, L"static", L"QL Options", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 260, 340, nullptr,
-                              nullptr, g_app.instance, nullptr);
-    g_combo = CreateWindowExW(0, L"combobox", L"", WS_CHILD | CBS_DROPDOWNLIST | WS_VSCROLL, 0, 0, 200, 200, g_owner,
-                              nullptr, g_app.instance, nullptr);
+    SetUpPageBench();
+    g_combo = CreateWindowExW(0, L"combobox", L"", WS_CHILD | CBS_DROPDOWNLIST | WS_VSCROLL, 0, 0, 200, 200,
+                              g_pageBenchOwner, nullptr, g_app.instance, nullptr);
 }
 
 void TearDown() {
-    DestroyWindow(g_owner);
-    g_owner = g_combo = nullptr;
+    TearDownPageBench();
+    g_combo = nullptr;
 }
 
 BenchRegistration g_pageCase({"Tabs page: open, 2 sections, close", "same 10 controls, rows and tabs, bare", SetUp,
