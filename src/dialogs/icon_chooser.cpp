@@ -6,8 +6,8 @@
 #include <cwchar>
 #include <utility>
 
-#include "display/display_ids.h"
 #include "dialogs/ok_cancel_bar.h"
+#include "display/display_ids.h"
 #include "files/icon_sets.h"
 #include "images/bitmap_file.h"
 #include "images/icon_strip.h"
@@ -16,6 +16,7 @@
 #include "string_ids.h"
 #include "support/app_state.h"
 #include "support/display_scale.h"
+#include "support/language_text.h"
 
 namespace {
 
@@ -40,12 +41,6 @@ const int kPictureSide = 32;   // large icons, in design units
 const int kPreviewIcons = 4;   // an icon set is shown by its first four icons, two by two
 const DWORD kIconListStyle = WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | LVS_ICON | LVS_SINGLESEL |
                          LVS_AUTOARRANGE | LVS_SHOWSELALWAYS;
-
-WString LoadText(UINT id) {
-    WString text;
-    text.load(g_app.languageLibrary, id);
-    return text;
-}
 
 bool EndsWithPictureExtension(const wchar_t* name) {
     size_t length = wcslen(name);
@@ -125,7 +120,7 @@ bool SamePath(const WString& a, const WString& b) { return _wcsicmp(a.c_str(), b
 
 std::vector<IconChoice> WithFirstEntry(IconChooserMode mode, std::vector<IconChoice> pictures) {
     IconChoice first;
-    first.name = LoadText(TextsOf(mode).firstEntryId);
+    first.name = LanguageText(TextsOf(mode).firstEntryId);
     pictures.insert(pictures.begin(), first);
     return pictures;
 }
@@ -189,7 +184,7 @@ void IconChooserDialog::CreateMenuBar(HWND window) { menuBar_ = CreateOkCancelBa
 
 SharedString IconChooserDialog::GetTitle() {
     SharedString title;
-    title.set(LoadText(TextsOf(mode_).titleId).c_str());
+    title.set(LanguageText(TextsOf(mode_).titleId).c_str());
     return title;
 }
 

@@ -14,6 +14,7 @@
 #include "support/app_state.h"
 #include "support/display_scale.h"
 #include "support/handles.h"
+#include "support/language_text.h"
 
 namespace {
 
@@ -278,12 +279,6 @@ const int kMostText = 256;
 
 CalendarSettings& Calendar() { return g_settings.calendar; }
 
-WString LoadText(UINT id) {
-    WString text;
-    text.load(g_app.languageLibrary, id);
-    return text;
-}
-
 WString WindowText(HWND window) {
     wchar_t text[kMostText + 1] = {};
     if (window) GetWindowTextW(window, text, kMostText + 1);
@@ -400,7 +395,7 @@ void CalendarSettingsWin::CreateTitleOrderList() {
     for (int row = 0; row < 6; ++row) {
         DWORD part = Calendar().CalTitlesOrder[row].value;
         if (part > 5) part = row;
-        WString text = LoadText(IDS_CAL_TITLE_PART_DAY_NAME + part);
+        WString text = LanguageText(IDS_CAL_TITLE_PART_DAY_NAME + part);
         LVITEMW item = {};
         item.mask = LVIF_TEXT | LVIF_PARAM;
         item.iItem = row;
@@ -526,22 +521,22 @@ LRESULT CalendarSettingsWin::OnNotify(HWND, int, NMHDR* header) {
 void CalendarSettingsWin::ShowOption(const Option& option) {
     ShowControls(kFirstDetail, kLastDetail, SW_HIDE);
     SendMessageW(control(kDetailCombo), CB_RESETCONTENT, 0, 0);
-    SetWindowTextW(control(kTip), LoadText(option.tipId).c_str());
+    SetWindowTextW(control(kTip), LanguageText(option.tipId).c_str());
     switch (option.kind) {
     case kChoice:
         FillChoices(option);
         SelectStoredChoice(option);
-        SetWindowTextW(control(kDetailLabel), LoadText(option.titleId).c_str());
+        SetWindowTextW(control(kDetailLabel), LanguageText(option.titleId).c_str());
         ShowControls(kTip, kDetailCombo, SW_SHOW);
         break;
     case kCheck:
     case kPinned: {
-        SetWindowTextW(control(kDetailCheck), LoadText(option.titleId).c_str());
+        SetWindowTextW(control(kDetailCheck), LanguageText(option.titleId).c_str());
         bool ticked = (Calendar().*option.setting).value != 0;
         SendMessageW(control(kDetailCheck), BM_SETCHECK, ticked ? BST_CHECKED : BST_UNCHECKED, 0);
         if (option.kind == kPinned) {
             WString tip;
-            tip.format(LoadText(option.tipId).c_str(), ScaleForDisplayY(200));
+            tip.format(LanguageText(option.tipId).c_str(), ScaleForDisplayY(200));
             SetWindowTextW(control(kTip), tip.c_str());
         }
         ShowControls(kTip, kTip, SW_SHOW);
@@ -596,8 +591,8 @@ void CalendarSettingsWin::StorePinned() {
     int leastHeight = ScaleForDisplay(200);
     if (ticked && static_cast<int>(g_settings.general.dHeightLimit.value) < leastHeight) {
         WString text;
-        text.format(LoadText(IDS_CAL_PINNED_TOO_LOW_TEXT).c_str(), leastHeight);
-        MessageBoxW(pageWindow_, text.c_str(), LoadText(IDS_CAL_PINNED_TOO_LOW_CAPTION).c_str(), MB_OK);
+        text.format(LanguageText(IDS_CAL_PINNED_TOO_LOW_TEXT).c_str(), leastHeight);
+        MessageBoxW(pageWindow_, text.c_str(), LanguageText(IDS_CAL_PINNED_TOO_LOW_CAPTION).c_str(), MB_OK);
         ticked = false;
     }
     SetInt(Calendar().PinnedMonthlyClr, ticked ? 1 : 0);
@@ -613,7 +608,7 @@ void CalendarSettingsWin::FillChoices(const Option& option) {
     WString text;
     switch (option.fill) {
     case kIdChoices:
-        for (int i = 0; i < option.choiceCount; ++i) add(LoadText(option.choices[i]).c_str(), i);
+        for (int i = 0; i < option.choiceCount; ++i) add(LanguageText(option.choices[i]).c_str(), i);
         break;
     case kOneBased:
         add(L"1", 1);
@@ -840,8 +835,8 @@ void CalendarSettingsWin::PaintPreview(HDC dc) {
     FillRect(dc, &header, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
     DWORD format = Calendar().ApptDisplayFormat.value;
     WString title;
-    title.format(LoadText(IDS_CAL_PREVIEW_FORMAT).c_str(), static_cast<int>(format));
-    title.append(LoadText(format < kLastTimedFormat + 1 ? IDS_CAL_PREVIEW_WITH_TIMES : IDS_CAL_PREVIEW_WITHOUT_TIMES)
+    title.format(LanguageText(IDS_CAL_PREVIEW_FORMAT).c_str(), static_cast<int>(format));
+    title.append(LanguageText(format < kLastTimedFormat + 1 ? IDS_CAL_PREVIEW_WITH_TIMES : IDS_CAL_PREVIEW_WITHOUT_TIMES)
                      .c_str());
     SetTextColor(dc, RGB(0, 0, 0));
     SetBkMode(dc, TRANSPARENT);
@@ -864,8 +859,8 @@ void CalendarSettingsWin::PaintPreview(HDC dc) {
     noon.wMinute = noon.wSecond = noon.wMilliseconds = 0;
     SYSTEMTIME end = noon;
     end.wHour = 15;
-    TodayItemSample item = CalendarAppointmentSample(LoadText(IDS_CAL_SAMPLE_SUBJECT).c_str(),
-                                                     LoadText(IDS_CAL_SAMPLE_SECOND_LINE).c_str(), noon, end);
+    TodayItemSample item = CalendarAppointmentSample(LanguageText(IDS_CAL_SAMPLE_SUBJECT).c_str(),
+                                                     LanguageText(IDS_CAL_SAMPLE_SECOND_LINE).c_str(), noon, end);
     int height = MeasureTodayItem(band.get(), width, item);
     RECT row = {s(4), (bandHeight - height) / 2, width - s(4), (bandHeight + height) / 2};
     PaintTodayItem(band.get(), row, item);

@@ -7,10 +7,11 @@
 #include "dialogs/colour_picker.h"
 #include "dialogs/font_dialog.h"
 #include "settings/settings.h"
+#include "string_ids.h"
 #include "support/app_state.h"
 #include "support/display_scale.h"
 #include "support/handles.h"
-#include "string_ids.h"
+#include "support/language_text.h"
 
 namespace {
 
@@ -82,12 +83,6 @@ const int kShadowItemCount = sizeof kShadowItems / sizeof kShadowItems[0];
 const int kSmallestSize = 10;
 const int kLargestSize = 30;
 const int kFaceChars = 256;
-
-WString LoadText(UINT id) {
-    WString text;
-    text.load(g_app.languageLibrary, id);
-    return text;
-}
 
 UINT ListRowLabels(UINT* ids) {
     for (int row = 0; row < FontSettingsWin::kRowCount; ++row) ids[row] = kRows[row].labelId;
@@ -169,7 +164,7 @@ void FontSettingsWin::ApplyMode() {
     for (int number = kSizeLabel; number <= kTitleSize; ++number) EnableControl(number, !advanced);
     EnableControl(kResetSizes, advanced);
     if (sectionTabs_) {
-        WString title = LoadText(advanced ? IDS_FNT_SECTION_FONTS : IDS_FNT_SECTION_COLORS);
+        WString title = LanguageText(advanced ? IDS_FNT_SECTION_FONTS : IDS_FNT_SECTION_COLORS);
         TCITEMW item = {};
         item.mask = TCIF_TEXT;
         item.pszText = const_cast<wchar_t*>(title.c_str());
@@ -216,8 +211,8 @@ void FontSettingsWin::EditSelectedFont(HWND window) {
 }
 
 void FontSettingsWin::ResetFontHeights(HWND window) {
-    WString text = LoadText(IDS_FNT_RESET_HEIGHTS_TEXT);
-    WString caption = LoadText(IDS_FNT_RESET_HEIGHTS_CAPTION);
+    WString text = LanguageText(IDS_FNT_RESET_HEIGHTS_TEXT);
+    WString caption = LanguageText(IDS_FNT_RESET_HEIGHTS_CAPTION);
     if (MessageBoxW(window, text.c_str(), caption.c_str(), MB_YESNO) != IDYES) return;
     LONG height = RowFont(kGeneralRow)->font.lfHeight;
     for (int row = kGeneralRow + 1; row < kRowCount; ++row) {
@@ -274,8 +269,8 @@ void FontSettingsWin::PaintSample(HDC dc, int row) {
     DcSelection pageFont(dc, normalFont_);
 
     int y = ScaleForDisplayY(8);
-    WString title = LoadText(Advanced() ? IDS_FNT_PREVIEW_FONT_PREFIX : IDS_FNT_PREVIEW_COLOR_PREFIX);
-    title.append(LoadText(kRows[row].sampleId).c_str());
+    WString title = LanguageText(Advanced() ? IDS_FNT_PREVIEW_FONT_PREFIX : IDS_FNT_PREVIEW_COLOR_PREFIX);
+    title.append(LanguageText(kRows[row].sampleId).c_str());
     RECT line = {0, y, width, y + ScaleForDisplay(20)};
     DrawTextW(dc, title.c_str(), -1, &line, DT_CENTER | DT_SINGLELINE | DT_NOPREFIX);
 
@@ -284,7 +279,7 @@ void FontSettingsWin::PaintSample(HDC dc, int row) {
         Font own(CreateFontIndirectW(&setting.font));
         DcSelection ownFont(dc, own.get());
         RECT sample = {0, y, width, y + ScaleForDisplay(20)};
-        DrawTextW(dc, LoadText(IDS_FNT_PREVIEW_SAMPLE).c_str(), -1, &sample, DT_CENTER | DT_SINGLELINE | DT_NOPREFIX);
+        DrawTextW(dc, LanguageText(IDS_FNT_PREVIEW_SAMPLE).c_str(), -1, &sample, DT_CENTER | DT_SINGLELINE | DT_NOPREFIX);
     }
 
     y += ScaleForDisplay(20);
@@ -295,13 +290,13 @@ void FontSettingsWin::PaintSample(HDC dc, int row) {
     COLORREF colour = setting.colour.value;
     if (colour == kNoColour) {
         FillRect(dc, &swatch, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-        DrawTextW(dc, LoadText(IDS_NO_COLOR).c_str(), -1, &swatch, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+        DrawTextW(dc, LanguageText(IDS_NO_COLOR).c_str(), -1, &swatch, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
     } else {
         Brush fill(CreateSolidBrush(colour & 0x00FFFFFF));
         FillRect(dc, &swatch, fill.get());
     }
     RECT label = {0, y, width - ScaleForDisplay(106), y + bandHeight};
-    DrawTextW(dc, LoadText(IDS_FNT_PREVIEW_COLOR_LABEL).c_str(), -1, &label,
+    DrawTextW(dc, LanguageText(IDS_FNT_PREVIEW_COLOR_LABEL).c_str(), -1, &label,
               DT_RIGHT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
 }
 

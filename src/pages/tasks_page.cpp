@@ -11,6 +11,7 @@
 #include "support/app_state.h"
 #include "support/display_scale.h"
 #include "support/handles.h"
+#include "support/language_text.h"
 
 namespace {
 
@@ -126,12 +127,6 @@ const int kMostText = 256;
 
 Tasks& TasksRecord() { return g_settings.tasks; }
 
-WString LoadText(UINT id) {
-    WString text;
-    text.load(g_app.languageLibrary, id);
-    return text;
-}
-
 // At most kMostText characters of the control's text.
 WString ControlText(HWND window) {
     wchar_t text[kMostText + 1] = {};
@@ -176,7 +171,7 @@ WString TaskDateText(const DateForm& form, const SYSTEMTIME& start, const SYSTEM
     } else if (form.start || form.due) {
         result.assign(form.start ? startText.c_str() : dueText.c_str());
         result.append(L" ");
-        result.append(LoadText(form.start ? IDS_TSK_DATE_START_SUFFIX : IDS_TSK_DATE_DUE_SUFFIX).c_str());
+        result.append(LanguageText(form.start ? IDS_TSK_DATE_START_SUFFIX : IDS_TSK_DATE_DUE_SUFFIX).c_str());
     }
     return result;
 }
@@ -370,7 +365,7 @@ void TasksSettingsWin::PaintPreview(HDC dc) {
     const Tasks& tasks = TasksRecord();
     TodayItemSample item;
     item.kind = TodayItemKind::Task;
-    item.subject = LoadText(IDS_TSK_SAMPLE_SUBJECT);
+    item.subject = LanguageText(IDS_TSK_SAMPLE_SUBJECT);
     item.start = Today();
     item.dateText = PreviewDateText();
     item.leftIcons[0] = tasks.TaskTabLeftAlignIcon1.value;

@@ -5,17 +5,18 @@
 #include "dialogs/icon_chooser.h"
 #include "files/categories.h"
 #include "files/filters.h"
+#include "platform/device_window.h"
 #include "settings/key_table.h"
 #include "settings/registry_values.h"
-#include "platform/device_window.h"
 #include "settings/settings.h"
 #include "shell/about_box.h"
-#include "support/app_state.h"
 #include "shell/backup_commands.h"
-#include "support/display_scale.h"
 #include "shell/item_icons.h"
 #include "shell/page_factory.h"
 #include "shell/settings_page.h"
+#include "support/app_state.h"
+#include "support/display_scale.h"
+#include "support/language_text.h"
 
 const wchar_t kMainWindowClass[] = L"QL_OPTIONS";
 const wchar_t kMainWindowTitle[] = L"QL Options";
@@ -35,12 +36,6 @@ const UINT kCancelQuestionId = 40216;
 
 // Page titles in page-list order; 40226 is not a page.
 const UINT kPageTitleIds[12] = {40220, 40221, 40222, 40981, 41174, 40982, 40223, 40224, 40225, 40227, 40228, 40229};
-
-WString LoadText(UINT id) {
-    WString text;
-    text.load(g_app.languageLibrary, id);
-    return text;
-}
 
 HFONT CreateTahoma(int weight) {
     LOGFONTW font = {};
@@ -108,7 +103,7 @@ HWND CreatePageList(HWND window) {
     SendMessageW(list, LVM_DELETEALLITEMS, 0, 0);
 
     for (int i = 0; i < kPageCount; ++i) {
-        WString title = LoadText(kPageTitleIds[i]);
+        WString title = LanguageText(kPageTitleIds[i]);
         LVITEMW item = {};
         item.mask = LVIF_TEXT | LVIF_IMAGE;
         item.iItem = i;
@@ -209,8 +204,8 @@ void SaveAndClose(HWND window) {
 }
 
 void AskCancel(HWND window) {
-    WString text = LoadText(kCancelQuestionId);
-    WString caption = LoadText(kCancelQuestionId + 1);
+    WString text = LanguageText(kCancelQuestionId);
+    WString caption = LanguageText(kCancelQuestionId + 1);
     if (MessageBoxW(window, text.c_str(), caption.c_str(), MB_YESNO) == IDYES) DestroyWindow(window);
 }
 

@@ -7,6 +7,7 @@
 #include "platform/device_window.h"
 #include "support/app_state.h"
 #include "support/display_scale.h"
+#include "support/language_text.h"
 #include "support/surface_colours.h"
 
 namespace {
@@ -25,12 +26,6 @@ const DWORD kComboStyle = 0x40210000;         // child, vertical scroll bar, tab
 
 const UINT kClearButtonTextId = 40481;
 const UINT kBrowseButtonTextId = 40478;
-
-WString LoadText(UINT id) {
-    WString text;
-    text.load(g_app.languageLibrary, id);
-    return text;
-}
 
 }  // namespace
 
@@ -202,7 +197,7 @@ void SettingsPage::OnCreate(HWND window) {
         PlaceSectionTabs();
         SendMessageW(sectionTabs_, CCM_SETVERSION, kDeviceTabLookVersion, 0);
         for (int index = 0; index < GetSectionCount(); ++index) {
-            WString title = LoadText(GetSectionTitleId(index));
+            WString title = LanguageText(GetSectionTitleId(index));
             TCITEMW item = {};
             item.mask = TCIF_TEXT;
             item.pszText = const_cast<wchar_t*>(title.c_str());
@@ -304,7 +299,7 @@ HWND SettingsPage::CreateChild(int number, const wchar_t* className, const wchar
 }
 
 void SettingsPage::CreateLabel(int number, UINT textId, int x, int y, int width, int height, DWORD style) {
-    CreateChild(number, L"static", LoadText(textId).c_str(), style | WS_CHILD, x, y, width, height);
+    CreateChild(number, L"static", LanguageText(textId).c_str(), style | WS_CHILD, x, y, width, height);
 }
 
 LRESULT SettingsPage::CreateEdit(int number, const wchar_t* text, int x, int y, int width, int height) {
@@ -313,7 +308,7 @@ LRESULT SettingsPage::CreateEdit(int number, const wchar_t* text, int x, int y, 
 }
 
 void SettingsPage::CreateButton(int number, UINT textId, int x, int y, int width, int height) {
-    CreateChild(number, L"button", LoadText(textId).c_str(), WS_CHILD, x, y, width, height);
+    CreateChild(number, L"button", LanguageText(textId).c_str(), WS_CHILD, x, y, width, height);
 }
 
 void SettingsPage::CreateList(int number, const UINT* itemIds, int count, int top) {
@@ -331,7 +326,7 @@ void SettingsPage::CreateList(int number, const UINT* itemIds, int count, int to
     column.pszText = const_cast<wchar_t*>(L"List Column");
     SendMessageW(list, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
     for (int i = 0; i < count; ++i) {
-        WString text = LoadText(itemIds[i]);
+        WString text = LanguageText(itemIds[i]);
         LVITEMW item = {};
         item.mask = LVIF_TEXT;
         item.iItem = i;
@@ -350,7 +345,7 @@ void SettingsPage::FitListColumn(HWND list) {
 }
 
 int SettingsPage::CreateCheckBox(int number, UINT textId, bool checked, int top) {
-    HWND box = CreateChild(number, L"BUTTON", LoadText(textId).c_str(), kCheckBoxStyle | WS_CHILD, ScaleForDisplay(10),
+    HWND box = CreateChild(number, L"BUTTON", LanguageText(textId).c_str(), kCheckBoxStyle | WS_CHILD, ScaleForDisplay(10),
                            top, ClientWidth() - ScaleForDisplay(20), ScaleForDisplay(20));
     if (box) SendMessageW(box, BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
     return ScaleForDisplayY(24);
@@ -359,14 +354,14 @@ int SettingsPage::CreateCheckBox(int number, UINT textId, bool checked, int top)
 int SettingsPage::CreateComboRow(int labelNumber, int comboNumber, UINT labelId, const UINT* itemIds, int count,
                                  int selection, int top, bool editable) {
     int width = ClientWidth();
-    CreateChild(labelNumber, L"static", LoadText(labelId).c_str(), WS_CHILD | SS_RIGHT, 0, top + ScaleForDisplay(3),
+    CreateChild(labelNumber, L"static", LanguageText(labelId).c_str(), WS_CHILD | SS_RIGHT, 0, top + ScaleForDisplay(3),
                 width - ScaleForDisplay(140), ScaleForDisplay(20));
     DWORD style = kComboStyle | (editable ? CBS_DROPDOWN : CBS_DROPDOWNLIST);
     HWND combo = CreateChild(comboNumber, L"combobox", L"", style, width - ScaleForDisplay(135), top,
                              ScaleForDisplay(125), ScaleForDisplay(100));
     if (!combo) return ScaleForDisplayY(24);
     for (int i = 0; i < count; ++i)
-        SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(LoadText(itemIds[i]).c_str()));
+        SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(LanguageText(itemIds[i]).c_str()));
     if (selection < count) SendMessageW(combo, CB_SETCURSEL, selection, 0);
     return ScaleForDisplayY(24);
 }
@@ -375,9 +370,9 @@ int SettingsPage::CreatePathRow(int editNumber, int button1Number, int button2Nu
     int width = ClientWidth();
     CreateChild(editNumber, L"edit", text, kReadOnlyEditStyle, ScaleForDisplay(10), top, width - ScaleForDisplay(120),
                 ScaleForDisplay(20));
-    CreateChild(button1Number, L"button", LoadText(kClearButtonTextId).c_str(), WS_CHILD,
+    CreateChild(button1Number, L"button", LanguageText(kClearButtonTextId).c_str(), WS_CHILD,
                 width - ScaleForDisplay(105), top, ScaleForDisplay(45), ScaleForDisplay(20));
-    CreateChild(button2Number, L"button", LoadText(kBrowseButtonTextId).c_str(), WS_CHILD,
+    CreateChild(button2Number, L"button", LanguageText(kBrowseButtonTextId).c_str(), WS_CHILD,
                 width - ScaleForDisplay(55), top, ScaleForDisplay(45), ScaleForDisplay(20));
     return ScaleForDisplayY(24);
 }
@@ -385,14 +380,14 @@ int SettingsPage::CreatePathRow(int editNumber, int button1Number, int button2Nu
 int SettingsPage::CreateLabelledPathRow(int labelNumber, int editNumber, int button1Number, int button2Number,
                                         UINT labelId, const wchar_t* text, int top) {
     int width = ClientWidth();
-    CreateChild(labelNumber, L"static", LoadText(labelId).c_str(), WS_CHILD | SS_RIGHT, 0,
+    CreateChild(labelNumber, L"static", LanguageText(labelId).c_str(), WS_CHILD | SS_RIGHT, 0,
                 top + ScaleForDisplayY(3), width - ScaleForDisplay(140), ScaleForDisplay(20));
     CreateChild(editNumber, L"edit", text, kReadOnlyEditStyle, width - ScaleForDisplay(135), top,
                 ScaleForDisplay(125), ScaleForDisplayY(20));
     int buttonsTop = top + ScaleForDisplayY(24);
-    CreateChild(button1Number, L"button", LoadText(kClearButtonTextId).c_str(), WS_CHILD,
+    CreateChild(button1Number, L"button", LanguageText(kClearButtonTextId).c_str(), WS_CHILD,
                 width - ScaleForDisplay(105), buttonsTop, ScaleForDisplay(45), ScaleForDisplay(20));
-    CreateChild(button2Number, L"button", LoadText(kBrowseButtonTextId).c_str(), WS_CHILD,
+    CreateChild(button2Number, L"button", LanguageText(kBrowseButtonTextId).c_str(), WS_CHILD,
                 width - ScaleForDisplay(55), buttonsTop, ScaleForDisplay(45), ScaleForDisplay(20));
     return ScaleForDisplayY(48);
 }
@@ -409,7 +404,7 @@ int SettingsPage::CreateMarkerRows(const MarkerRow rows[3],
         {0, top + ScaleForDisplay(23), ScaleForDisplay(98), ScaleForDisplay(100), top + ScaleForDisplayY(21)},
     };
     for (int i = 0; i < 3; ++i) {
-        CreateChild(rows[i].labelNumber, L"static", LoadText(rows[i].labelId).c_str(), WS_CHILD | SS_RIGHT,
+        CreateChild(rows[i].labelNumber, L"static", LanguageText(rows[i].labelId).c_str(), WS_CHILD | SS_RIGHT,
                     places[i].labelX, places[i].labelY, places[i].labelWidth, ScaleForDisplay(18));
         HWND strip = createStrip ? createStrip(this, rows[i].stripNumber, pageWindow_, places[i].stripX,
                                                places[i].stripY)

@@ -1,0 +1,8 @@
+#pragma once
+// Texts of the language resource library the program has loaded (held in the application state).
+#include <windows.h>
+
+#include "support/wide_string.h"
+
+// The text of string id `id`; empty when the library or the id is missing.
+WString LanguageText(UINT id);
