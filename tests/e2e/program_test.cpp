@@ -117,10 +117,13 @@ TEST_F(ProgramTest, AboutOnTheCommandLineShowsTheAboutBoxBeforeTheMainWindow) {
     HWND main = FindWindowW(L"QL_OPTIONS", L"QL Options");
     ASSERT_NE(main, nullptr) << "the main window exists";
     EXPECT_EQ(GetWindow(about, GW_OWNER), main);
+    // The box exists a moment before the system has made it active.
+    DWORD start = GetTickCount();
+    while (GetForegroundWindow() != about && GetTickCount() - start < 10000) Sleep(50);
     EXPECT_EQ(GetForegroundWindow(), about) << "the About box comes up before the main window";
 
     PostMessageW(about, WM_COMMAND, IDOK, 0);
-    DWORD start = GetTickCount();
+    start = GetTickCount();
     while (GetForegroundWindow() != main && GetTickCount() - start < 10000) Sleep(50);
     EXPECT_EQ(GetForegroundWindow(), main) << "the main window follows once the box is closed";
     CancelAndConfirm(program, main);
