@@ -5,62 +5,14 @@
 
 #include "common/dialog_answer.h"
 #include "common/test_support.h"
+#include "e2e/program_process.h"
 #include "settings/settings_test_util.h"
 
 namespace {
 
-const wchar_t kProgram[] = L"C:\\Program Files\\Orvane\\Quillory\\ql_options.exe";
 const wchar_t kProduct[] = L"Software\\Orvane\\Quillory";
 
-class Program {
-public:
-    explicit Program(const wchar_t* arguments = nullptr) {
-        std::wstring commandLine = std::wstring(L"\"") + kProgram + L"\"";
-        if (arguments) commandLine += std::wstring(L" ") + arguments;
-        STARTUPINFOW startup = {sizeof startup};
-        started_ = CreateProcessW(kProgram, &commandLine[0], nullptr, nullptr, FALSE, 0, nullptr, L"C:\\", &startup,
-                                  &process_) != 0;
-    }
-    ~Program() {
-        if (!started_) return;
-        if (WaitForSingleObject(process_.hProcess, 0) == WAIT_TIMEOUT) TerminateProcess(process_.hProcess, 1);
-        CloseHandle(process_.hProcess);
-        CloseHandle(process_.hThread);
-    }
-    bool started() const { return started_; }
-    DWORD id() const { return process_.dwProcessId; }
-    // Exit code once the process ended within `ms`, or -1.
-    long WaitExit(DWORD ms) {
-        if (WaitForSingleObject(process_.hProcess, ms) != WAIT_OBJECT_0) return -1;
-        DWORD code = 0;
-        GetExitCodeProcess(process_.hProcess, &code);
-        return static_cast<long>(code);
-    }
-
-private:
-    bool started_ = false;
-    PROCESS_INFORMATION process_ = {};
-};
-
-// Polls for a top-level window of `className` (any class when null) titled `title`.
-HWND WaitForWindow(const wchar_t* className, const wchar_t* title, DWORD ms = 20000) {
-    DWORD start = GetTickCount();
-    do {
-        HWND window = FindWindowW(className, title);
-        if (window) return window;
-        Sleep(50);
-    } while (GetTickCount() - start < ms);
-    return nullptr;
-}
-
-bool WaitUntilVisible(HWND window, DWORD ms = 10000) {
-    DWORD start = GetTickCount();
-    while (!IsWindowVisible(window)) {
-        if (GetTickCount() - start > ms) return false;
-        Sleep(50);
-    }
-    return true;
-}
+using Program = ProgramProcess;
 
 int CountMainWindows() {
     int count = 0;
@@ -96,9 +48,9 @@ void CancelAndConfirm(Program& program, HWND main) {
 TEST_F(ProgramTest, SecondStartBringsTheFirstForwardAndCancelYesWritesNothing) {
     Program first;
     ASSERT_TRUE(first.started());
-    HWND main = WaitForWindow(L"QL_OPTIONS", L"QL Options");
+    HWND main = WaitForTopWindow(L"QL_OPTIONS", L"QL Options");
     ASSERT_NE(main, nullptr);
-    ASSERT_TRUE(WaitUntilVisible(main));
+    ASSERT_TRUE(WaitForVisible(main));
 
     Program second;
     ASSERT_TRUE(second.started());
@@ -112,7 +64,7 @@ TEST_F(ProgramTest, SecondStartBringsTheFirstForwardAndCancelYesWritesNothing) {
 TEST_F(ProgramTest, AboutOnTheCommandLineShowsTheAboutBoxBeforeTheMainWindow) {
     Program program(L"About");
     ASSERT_TRUE(program.started());
-    HWND about = WaitForWindow(nullptr, L"About Quillory");
+    HWND about = WaitForTopWindow(nullptr, L"About Quillory");
     ASSERT_NE(about, nullptr);
     HWND main = FindWindowW(L"QL_OPTIONS", L"QL Options");
     ASSERT_NE(main, nullptr) << "the main window exists";
@@ -134,9 +86,9 @@ TEST_F(ProgramTest, OnlyTheExactWordAboutOpensTheAboutBox) {
         SCOPED_TRACE(arguments);
         Program program(arguments);
         ASSERT_TRUE(program.started());
-        HWND main = WaitForWindow(L"QL_OPTIONS", L"QL Options");
+        HWND main = WaitForTopWindow(L"QL_OPTIONS", L"QL Options");
         ASSERT_NE(main, nullptr);
-        EXPECT_TRUE(WaitUntilVisible(main));
+        EXPECT_TRUE(WaitForVisible(main));
         EXPECT_EQ(FindWindowW(nullptr, L"About Quillory"), nullptr);
         CancelAndConfirm(program, main);
     }
@@ -163,9 +115,9 @@ TEST_F(ProgramTest, DonePostsTheChangeMessageToAllWindowsAndExits) {
                                     nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
 
     Program program;
-    HWND main = WaitForWindow(L"QL_OPTIONS", L"QL Options");
+    HWND main = WaitForTopWindow(L"QL_OPTIONS", L"QL Options");
     ASSERT_NE(main, nullptr);
-    ASSERT_TRUE(WaitUntilVisible(main));
+    ASSERT_TRUE(WaitForVisible(main));
     PostMessageW(main, WM_COMMAND, 1, 0);
     EXPECT_EQ(program.WaitExit(15000), 0);
 
@@ -187,17 +139,17 @@ TEST_F(ProgramTest, FontsPageChangesReachTheRegistryOnDoneAndNowhereElse) {
     const wchar_t fonts[] = L"Software\\Orvane\\Quillory\\Fonts";
     const int controlIdBase = 0x1000, titleSizeCombo = 3, advancedCheck = 4;
     Program program;
-    HWND main = WaitForWindow(L"QL_OPTIONS", L"QL Options");
+    HWND main = WaitForTopWindow(L"QL_OPTIONS", L"QL Options");
     ASSERT_NE(main, nullptr);
-    ASSERT_TRUE(WaitUntilVisible(main));
+    ASSERT_TRUE(WaitForVisible(main));
     HWND grid = FindWindowExW(main, nullptr, L"SysListView32", nullptr);
     ASSERT_NE(grid, nullptr);
     PostMessageW(grid, WM_CHAR, L'F', 1);  // lParam: a repeat count of 1
     PostMessageW(grid, WM_CHAR, L'o', 1);
     PostMessageW(grid, WM_KEYDOWN, VK_RETURN, 1);
-    HWND page = WaitForWindow(L"FontSettingsWin", nullptr);
+    HWND page = WaitForTopWindow(L"FontSettingsWin", nullptr);
     ASSERT_NE(page, nullptr);
-    ASSERT_TRUE(WaitUntilVisible(page));
+    ASSERT_TRUE(WaitForVisible(page));
 
     SendMessageW(GetDlgItem(page, controlIdBase + titleSizeCombo), CB_SETCURSEL, 8, 0);  // "18"
     SendMessageW(GetDlgItem(page, controlIdBase + advancedCheck), BM_CLICK, 0, 0);
