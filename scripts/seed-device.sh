@@ -88,32 +88,22 @@ seed_today_items() {
     touch "$marker"
 }
 
-seed_custom_alphabets() {
-    local marker=$prefix/.ql-custom-alphabets
-    local folder="$prefix/drive_c/Program Files/Orvane/Quillory/CustomAlphabets"
+# Copies the repository's sample files matching `pattern` under resources/ into `folder` of the
+# device layout, once per prefix (the user's later changes there are kept).
+seed_samples_once() {
+    local name=$1 pattern=$2 folder="$prefix/drive_c/Program Files/Orvane/Quillory/$3"
+    local marker=$prefix/.ql-$name
     [ -e "$marker" ] && return 0
     mkdir -p "$folder"
-    cp -n "$(dirname "$0")/../resources/alphabets/"*.txt "$folder/"
+    cp -n "$(dirname "$0")/../resources/"$pattern "$folder/"
     touch "$marker"
 }
 
-seed_sample_schemes() {
-    local marker=$prefix/.ql-sample-schemes
-    local folder="$prefix/drive_c/Program Files/Orvane/Quillory/Schemes"
-    [ -e "$marker" ] && return 0
-    mkdir -p "$folder"
-    cp -n "$(dirname "$0")/../resources/schemes/"*.scm "$folder/"
-    touch "$marker"
-}
-
+seed_custom_alphabets() { seed_samples_once custom-alphabets 'alphabets/*.txt' CustomAlphabets; }
+seed_sample_schemes() { seed_samples_once sample-schemes 'schemes/*.scm' Schemes; }
 seed_sample_icons() {
-    local marker=$prefix/.ql-sample-icons
-    local product="$prefix/drive_c/Program Files/Orvane/Quillory"
-    [ -e "$marker" ] && return 0
-    mkdir -p "$product/CategoryIcons" "$product/Icons"
-    cp -n "$(dirname "$0")/../resources/icons/categories/"*.bmp "$product/CategoryIcons/"
-    cp -n "$(dirname "$0")/../resources/icons/sets/"*.bmp "$product/Icons/"
-    touch "$marker"
+    seed_samples_once sample-icons 'icons/categories/*.bmp' CategoryIcons
+    seed_samples_once sample-icon-sets 'icons/sets/*.bmp' Icons
 }
 
 # The values the PIM page detects an application by: a non-zero "version", a non-zero "VerMajor",
