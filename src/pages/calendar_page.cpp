@@ -8,8 +8,8 @@
 #include "dialogs/font_preview.h"
 #include "display/display_ids.h"
 #include "pages/item_icon_choices.h"
+#include "pages/page_texts.h"
 #include "pages/today_item_painter.h"
-#include "platform/clock.h"
 #include "string_ids.h"
 #include "support/app_state.h"
 #include "support/display_scale.h"
@@ -275,26 +275,13 @@ const COLORREF kArrowsMask = RGB(255, 0, 0);
 const wchar_t kMailProgramTitle[] = L"Custom Mail App.";
 const wchar_t kProgramExtension[] = L"exe";
 const wchar_t kProgramDescription[] = L"Programs (exe)";
-const int kMostText = 256;
 
 CalendarSettings& Calendar() { return g_settings.calendar; }
-
-WString WindowText(HWND window) {
-    wchar_t text[kMostText + 1] = {};
-    if (window) GetWindowTextW(window, text, kMostText + 1);
-    return WString(text);
-}
 
 WString DateText(const SYSTEMTIME& date, const wchar_t* picture, DWORD flags = 0) {
     wchar_t text[128] = {};
     GetDateFormatW(LOCALE_USER_DEFAULT, flags, &date, picture, text, 128);
     return WString(text);
-}
-
-SYSTEMTIME Today() {
-    SYSTEMTIME now;
-    GetProgramLocalTime(&now);
-    return now;
 }
 
 bool LocaleHasTwelveHourClock() {
@@ -574,10 +561,10 @@ void CalendarSettingsWin::StoreOption(const Option& option) {
         StorePinned();
         break;
     case kMailText:
-        SetString(Calendar().MailCustomInboxStr, WindowText(control(kMailProgram)).c_str());
+        SetString(Calendar().MailCustomInboxStr, ControlText(control(kMailProgram)).c_str());
         break;
     case kTitleText:
-        SetString(Calendar().CustomDayttlFrmtDefault, WindowText(control(kDayTitleText)).c_str());
+        SetString(Calendar().CustomDayttlFrmtDefault, ControlText(control(kDayTitleText)).c_str());
         break;
     case kPartOrder:
         ShowControls(kTitleOrder, kTitleDown, SW_HIDE);
@@ -604,7 +591,7 @@ void CalendarSettingsWin::FillChoices(const Option& option) {
         LRESULT index = SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
         SendMessageW(combo, CB_SETITEMDATA, index, data);
     };
-    SYSTEMTIME today = Today();
+    SYSTEMTIME today = TodayDate();
     WString text;
     switch (option.fill) {
     case kIdChoices:
@@ -844,27 +831,15 @@ void CalendarSettingsWin::PaintPreview(HDC dc) {
     DrawTextW(dc, title.c_str(), -1, &measured, DT_CALCRECT | DT_SINGLELINE | DT_NOPREFIX);
     DrawTextW(dc, title.c_str(), -1, &header, DT_LEFT | DT_SINGLELINE | DT_NOPREFIX);
 
-    // The sample appointment, composed off-screen over the white page and copied in one block.
+    // The sample appointment, from noon to three.
     int bandTop = previewTop_ + (measured.bottom - measured.top) + 4;
-    int bandHeight = s(42);
-    MemoryDc band(CreateCompatibleDC(dc));
-    Bitmap canvas(CreateCompatibleBitmap(dc, width, bandHeight));
-    if (!band || !canvas) return;
-    DcSelection target(band.get(), canvas.get());
-    RECT all = {0, 0, width, bandHeight};
-    FillRect(band.get(), &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-
-    SYSTEMTIME noon = Today();
+    SYSTEMTIME noon = TodayDate();
     noon.wHour = 12;
-    noon.wMinute = noon.wSecond = noon.wMilliseconds = 0;
     SYSTEMTIME end = noon;
     end.wHour = 15;
     TodayItemSample item = CalendarAppointmentSample(LanguageText(IDS_CAL_SAMPLE_SUBJECT).c_str(),
                                                      LanguageText(IDS_CAL_SAMPLE_SECOND_LINE).c_str(), noon, end);
-    int height = MeasureTodayItem(band.get(), width, item);
-    RECT row = {s(4), (bandHeight - height) / 2, width - s(4), (bandHeight + height) / 2};
-    PaintTodayItem(band.get(), row, item);
-    BitBlt(dc, 0, bandTop, width, bandHeight, band.get(), 0, 0, SRCCOPY);
+    PaintTodayItemBand(dc, bandTop, width, s(42), s(4), item);
 }
 
 // ---- storing -------------------------------------------------------------------------------------

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "pages/item_icon_choices.h"
+#include "pages/page_texts.h"
 #include "pages/today_item_painter.h"
-#include "platform/clock.h"
 #include "string_ids.h"
 #include "support/app_state.h"
 #include "support/display_scale.h"
@@ -127,20 +127,6 @@ const int kMostText = 256;
 
 Tasks& TasksRecord() { return g_settings.tasks; }
 
-// At most kMostText characters of the control's text.
-WString ControlText(HWND window) {
-    wchar_t text[kMostText + 1] = {};
-    if (window) GetWindowTextW(window, text, kMostText + 1);
-    return WString(text);
-}
-
-SYSTEMTIME Today() {
-    SYSTEMTIME now;
-    GetProgramLocalTime(&now);
-    now.wHour = now.wMinute = now.wSecond = now.wMilliseconds = 0;
-    return now;
-}
-
 // Whole days added to a local date in the automation date form.
 bool DaysLater(const SYSTEMTIME& date, int days, SYSTEMTIME* later) {
     SYSTEMTIME copy = date;
@@ -221,7 +207,7 @@ void TasksSettingsWin::CreateStackedRows() {
 void TasksSettingsWin::CreateDateForms(int combo) {
     HWND box = control(combo);
     if (!box) return;
-    SYSTEMTIME today = Today(), later;
+    SYSTEMTIME today = TodayDate(), later;
     bool hasLater = DaysLater(today, kDaysToDue, &later);
     for (const DateForm& form : kDateForms) {
         WString text = TaskDateText(form, today, hasLater ? &later : nullptr);
@@ -326,7 +312,7 @@ LRESULT TasksSettingsWin::OnMarkerToggled(HWND window, UINT, WPARAM wParam, LPAR
 // typed, as far as the "Show dates:" choice keeps them (an empty picture shows nothing); otherwise the
 // chosen one of the twelve forms.
 WString TasksSettingsWin::PreviewDateText() const {
-    SYSTEMTIME today = Today();
+    SYSTEMTIME today = TodayDate();
     DateForm form = {nullptr, nullptr};
     WString start, due;
     if (IsChecked(kUseCustomDate)) {
@@ -350,33 +336,19 @@ LRESULT TasksSettingsWin::OnPaint(HWND window, UINT, WPARAM, LPARAM) {
     return 0;
 }
 
-// Composed off-screen over the white page and copied in one block.
 void TasksSettingsWin::PaintPreview(HDC dc) {
     auto s = ScaleForDisplay;
-    int width = ClientWidth();
-    int bandHeight = s(42);
-    MemoryDc band(CreateCompatibleDC(dc));
-    Bitmap canvas(CreateCompatibleBitmap(dc, width, bandHeight));
-    if (!band || !canvas) return;
-    DcSelection target(band.get(), canvas.get());
-    RECT all = {0, 0, width, bandHeight};
-    FillRect(band.get(), &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-
     const Tasks& tasks = TasksRecord();
     TodayItemSample item;
     item.kind = TodayItemKind::Task;
     item.subject = LanguageText(IDS_TSK_SAMPLE_SUBJECT);
-    item.start = Today();
+    item.start = TodayDate();
     item.dateText = PreviewDateText();
     item.leftIcons[0] = tasks.TaskTabLeftAlignIcon1.value;
     item.leftIcons[1] = tasks.TaskTabLeftAlignIcon2.value;
     item.rightIcons = tasks.TasksRightIcons.value;
     item.advancedFont = &g_settings.fonts.FontTskDueToday;
-    int height = MeasureTodayItem(band.get(), width, item);
-    int top = s(21) - height / 2;
-    RECT row = {s(4), top, width - s(4), top + height};
-    PaintTodayItem(band.get(), row, item);
-    BitBlt(dc, 0, previewTop_, width, bandHeight, band.get(), 0, 0, SRCCOPY);
+    PaintTodayItemBand(dc, previewTop_, ClientWidth(), s(42), s(4), item);
 }
 
 // ---- storing -------------------------------------------------------------------------------------

@@ -254,3 +254,17 @@ int PaintTodayItem(HDC dc, const RECT& area, const TodayItemSample& item) {
     row.Paint(area);
     return row.Height();
 }
+
+void PaintTodayItemBand(HDC dc, int bandTop, int width, int bandHeight, int inset, const TodayItemSample& item) {
+    MemoryDc band(CreateCompatibleDC(dc));
+    Bitmap canvas(CreateCompatibleBitmap(dc, width, bandHeight));
+    if (!band || !canvas) return;
+    DcSelection target(band.get(), canvas.get());
+    RECT all = {0, 0, width, bandHeight};
+    FillRect(band.get(), &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    int height = MeasureTodayItem(band.get(), width, item);
+    int top = (bandHeight - height) / 2;
+    RECT row = {inset, top, width - inset, top + height};
+    PaintTodayItem(band.get(), row, item);
+    BitBlt(dc, 0, bandTop, width, bandHeight, band.get(), 0, 0, SRCCOPY);
+}

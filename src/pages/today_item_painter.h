@@ -64,3 +64,7 @@ int MeasureTodayItem(HDC dc, int width, const TodayItemSample& item);
 // Draws the row with its top at area.top, clipped to `area`, over what the DC already holds (the
 // text is drawn transparently). Returns the height it took.
 int PaintTodayItem(HDC dc, const RECT& area, const TodayItemSample& item);
+
+// Composes the row off-screen over white, `width` by `bandHeight` pixels, centred in the band and
+// kept `inset` pixels from either side, then copies the band to `dc` at (0, bandTop) in one block.
+void PaintTodayItemBand(HDC dc, int bandTop, int width, int bandHeight, int inset, const TodayItemSample& item);
