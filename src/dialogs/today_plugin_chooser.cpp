@@ -4,13 +4,13 @@
 
 #include <cwchar>
 
-#include "dialogs/library_message.h"
 #include "platform/device_window.h"
 #include "program_ids.h"
 #include "settings/registry_values.h"
 #include "support/app_state.h"
 #include "support/display_scale.h"
 #include "support/handles.h"
+#include "support/language_text.h"
 
 const wchar_t kTodayItemsPath[] = L"SOFTWARE\\Microsoft\\Today\\Items";
 

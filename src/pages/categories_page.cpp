@@ -9,7 +9,6 @@
 #include "dialogs/file_browser.h"
 #include "dialogs/filter_name_dialog.h"
 #include "dialogs/icon_chooser.h"
-#include "dialogs/library_message.h"
 #include "files/filters.h"
 #include "platform/shell.h"
 #include "settings/settings.h"
@@ -17,6 +16,7 @@
 #include "support/app_state.h"
 #include "support/display_scale.h"
 #include "support/handles.h"
+#include "support/language_text.h"
 
 namespace {
 

@@ -3,7 +3,6 @@
 #include <commctrl.h>
 
 #include "dialogs/colour_picker.h"
-#include "dialogs/library_message.h"
 #include "files/colour_schemes.h"
 #include "platform/device_window.h"
 #include "settings/settings.h"
@@ -11,6 +10,7 @@
 #include "support/app_state.h"
 #include "support/colour_sample.h"
 #include "support/display_scale.h"
+#include "support/language_text.h"
 #include "support/wide_string.h"
 
 namespace {

@@ -10,12 +10,12 @@
 #include <vector>
 
 #include "dialogs/file_browser.h"
-#include "dialogs/library_message.h"
 #include "pages/search_bar.h"
 #include "settings/registry_values.h"
 #include "support/app_state.h"
 #include "support/display_scale.h"
 #include "support/handles.h"
+#include "support/language_text.h"
 #include "string_ids.h"
 
 const wchar_t kNotesFoldersKeyPath[] = L"Software\\Orvane\\Quillory\\Notes\\Folders";

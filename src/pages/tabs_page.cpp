@@ -2,11 +2,11 @@
 
 #include <commctrl.h>
 
-#include "dialogs/library_message.h"
 #include "dialogs/today_plugin_chooser.h"
 #include "settings/registry_values.h"
 #include "settings/settings.h"
 #include "support/display_scale.h"
+#include "support/language_text.h"
 
 namespace {
 

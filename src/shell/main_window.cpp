@@ -204,9 +204,7 @@ void SaveAndClose(HWND window) {
 }
 
 void AskCancel(HWND window) {
-    WString text = LanguageText(kCancelQuestionId);
-    WString caption = LanguageText(kCancelQuestionId + 1);
-    if (MessageBoxW(window, text.c_str(), caption.c_str(), MB_YESNO) == IDYES) DestroyWindow(window);
+    if (LibraryMessageBox(window, kCancelQuestionId, MB_YESNO) == IDYES) DestroyWindow(window);
 }
 
 void OnCommand(HWND window, UINT command) {

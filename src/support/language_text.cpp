@@ -7,3 +7,7 @@ WString LanguageText(UINT id) {
     text.load(g_app.languageLibrary, id);
     return text;
 }
+
+int LibraryMessageBox(HWND owner, UINT textId, UINT type) {
+    return MessageBoxW(owner, LanguageText(textId).c_str(), LanguageText(textId + 1).c_str(), type);
+}
