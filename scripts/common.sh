@@ -124,3 +124,27 @@ ql_use_virtual_desktop() {
     WINEPREFIX=$prefix wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null 2>&1
     WINEPREFIX=$prefix wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d "$size" /f >/dev/null 2>&1
 }
+
+# Prepares what the test programs run in: a throwaway Wine prefix inside the build tree with the
+# device layout installed, one wineserver kept alive for the run, and an Xvfb display of its own.
+# Both are stopped when the calling script exits.
+ql_test_environment() {
+    local prefix=$QL_BUILD/wineprefix
+    export WINEPREFIX=$prefix QL_TEST_PREFIX=$prefix
+    # The display comes first: Wine's desktop process, started while the prefix is made, keeps the
+    # display it was started with.
+    ql_start_xvfb 1024x768x24
+    trap 'wineserver -k >/dev/null 2>&1 || true; kill "$QL_XVFB_PID" 2>/dev/null || true' EXIT
+
+    wineserver -k >/dev/null 2>&1 || true
+    rm -rf "$prefix" "$QL_BUILD/.wineprefix.lock"
+    ql_ensure_prefix "$prefix" 1024x768
+    ql_install_layout "$prefix"
+    wineserver -w
+    wineserver -p >/dev/null 2>&1 || true
+    # Wine's services and its desktop window stay alive as long as the server does. Started here,
+    # they do not hold on to the output pipes ctest waits on; started by the first test, they would.
+    wine cmd /c exit >/dev/null 2>&1 </dev/null
+    wine explorer /desktop=Default,1024x768 >/dev/null 2>&1 </dev/null &
+    sleep 1
+}
