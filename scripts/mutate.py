@@ -13,6 +13,7 @@ import argparse
 import hashlib
 import os
 import re
+import signal
 import subprocess
 import sys
 import time
@@ -171,6 +172,8 @@ def main():
     parser.add_argument("--list", action="store_true", help="only list the drawn sites")
     parser.add_argument("--timeout", type=int, default=300, help="seconds for one mutant's tests")
     args = parser.parse_args()
+    # A stopped run still restores the file it mutated (the finally below).
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
 
     build = Path(args.build)
     log = open(build / "mutants.log", "w") if not args.list else None
