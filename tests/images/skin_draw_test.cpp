@@ -1,188 +1,148 @@
-// Drawing skin pictures into a memory device context and reading the pixels back: alpha
-// blending of the planes, limits and source offsets, translucent fills.
+// Skin pictures drawn into a memory device context and read back: alpha-blended planes with sizes,
+// limits and source offsets, translucent fills; the search order and colour-keyed bitmaps.
 #include <cmath>
-#include <vector>
 
-#include "images/blend_buffer.h"
+#include "common/bitmap_bytes.h"
 #include "images/image_test_support.h"
 
 namespace {
 
-// Rounded (source × alpha + destination × (255 − alpha)) / 255, computed in floating point.
-int ExpectedBlend(int source, int destination, int alpha) {
-    return static_cast<int>(std::floor((source * alpha + destination * (255.0 - alpha)) / 255.0 + 0.5));
-}
-
-TEST(SkinBlend, ChannelBlendIsTheRoundedDivisionBy255) {
-    int mismatches = 0;
-    for (int alpha = 0; alpha < 256; ++alpha)
-        for (int source = 0; source < 256; ++source)
-            for (int destination = 0; destination < 256; ++destination)
-                if (BlendChannel(source, destination, alpha) != ExpectedBlend(source, destination, alpha) &&
-                    ++mismatches < 5)
-                    ADD_FAILURE() << source << " over " << destination << " at " << alpha;
-    EXPECT_EQ(mismatches, 0);
-}
-
-TEST(SkinBlend, OffScreenBufferIsBottomUpWithWidthRoundedToFour) {
-    const int widths[][2] = {{1, 4}, {3, 4}, {4, 4}, {5, 8}, {7, 8}, {8, 8}, {1021, 1024}, {1024, 1024}};
-    for (const auto& w : widths) {
-        EXPECT_EQ(RoundedBufferWidth(w[0]), w[1]) << w[0];
-        BlendBuffer buffer(w[0], 3);
-        ASSERT_TRUE(buffer.valid());
-        EXPECT_EQ(buffer.width(), w[0]);
-        EXPECT_EQ(buffer.roundedWidth(), w[1]);
-        EXPECT_EQ(buffer.height(), 3);
-        EXPECT_EQ(buffer.row(0) - buffer.row(1), w[1] * 3) << "row 0 is stored last";
-    }
-    EXPECT_FALSE(BlendBuffer(0, 3).valid());
-    EXPECT_FALSE(BlendBuffer(3, 0).valid());
-    EXPECT_FALSE(BlendBuffer(0x7FFFFFFF, 1).valid());
-}
-
+// (source × alpha + destination × (255 − alpha)) / 255 rounded to nearest, in floating point.
 Rgba Blended(Rgba source, Rgba destination) {
-    return {BYTE(ExpectedBlend(source.r, destination.r, source.a)),
-            BYTE(ExpectedBlend(source.g, destination.g, source.a)),
-            BYTE(ExpectedBlend(source.b, destination.b, source.a)), 255};
+    auto blend = [&](int s, int d) { return BYTE(std::floor((s * source.a + d * (255.0 - source.a)) / 255.0 + 0.5)); };
+    return {blend(source.r, destination.r), blend(source.g, destination.g), blend(source.b, destination.b), 255};
 }
 
-// A 32-bit picture of varied colours and every kind of alpha.
-void MakePicture(SkinImage& image, int width, int height, int bits = 32) {
-    std::string bytes = TgaHeader(kTrueColor, width, height, bits, 0x10);
+// Varied colours with every kind of alpha; rows of 700 are 300 pixels clear, 300 opaque, then mixed.
+std::string Picture(int width, int height, int bits) {
     const BYTE alphas[] = {0, 255, 1, 128, 254, 77, 200};
-    for (int i = 0; i < width * height; ++i)
-        bytes += PixelBytes({BYTE(i * 37 + 5), BYTE(i * 91 + 17), BYTE(255 - i * 13), alphas[i % 7]}, bits);
-    ASSERT_EQ(DecodeBytes(image, bytes), S_OK);
-}
-
-// Every canvas pixel: inside the drawn rectangle the blend of plane index `indexOf(column,
-// row)` when it lies in the picture, otherwise untouched.
-template <typename IndexOf>
-void ExpectDrawn(const Canvas& canvas, const SkinImage& image, int x, int y, int columns, int rows, IndexOf indexOf) {
-    long long total = static_cast<long long>(image.width) * image.height;
-    for (int cy = 0; cy < canvas.height(); ++cy) {
-        for (int cx = 0; cx < canvas.width(); ++cx) {
-            Rgba want = canvas.original(cx, cy);
-            int column = cx - x, row = cy - y;
-            if (column >= 0 && column < columns && row >= 0 && row < rows) {
-                long long index = indexOf(column, row);
-                if (index >= 0 && index < total) {
-                    want = Blended(PixelAt(image, int(index % image.width), int(index / image.width)), want);
-                }
-            }
-            ASSERT_EQ(canvas.at(cx, cy), want) << "canvas pixel " << cx << "," << cy;
-        }
+    std::string bytes = TgaHeader(kTrueColor, width, height, bits, 0x10);
+    for (int i = 0, column = 0; i < width * height; ++i, column = i % width) {
+        BYTE alpha = width < 700 ? alphas[i % 7] : column < 300 ? 0 : column < 600 ? 255 : BYTE(column * 11);
+        bytes += PixelBytes({BYTE(i * 37 + 5), BYTE(i * 91 + 17), BYTE(255 - i * 13), alpha}, bits);
     }
+    return bytes;
 }
 
-TEST(SkinDraw, PlanesAreBlendedOverTheDestination) {
-    SkinImage image;
-    MakePicture(image, 5, 4);
-    Canvas canvas(16, 12);
-    DrawSkinImage(image, canvas.dc(), 3, 2, -1, -1, 0, 0, -1, -1);
-    ExpectDrawn(canvas, image, 3, 2, 5, 4, [&](int c, int r) { return r * 5LL + c; });
-}
-
-TEST(SkinDraw, LongClearAndOpaqueStretchesDrawLikeAnyOther) {
-    // Rows of 700: 300 clear pixels, 300 opaque ones, then mixed alpha; drawn from an offset
-    // too, so that the stretches also fall across row ends.
-    const int width = 700, height = 3;
-    std::string bytes = TgaHeader(kTrueColor, width, height, 32, 0x10);
-    for (int i = 0; i < width * height; ++i) {
-        int column = i % width;
-        BYTE alpha = column < 300 ? 0 : column < 600 ? 255 : BYTE(column * 11);
-        bytes += PixelBytes({BYTE(i), BYTE(i / 3), BYTE(i * 7), alpha}, 32);
-    }
-    SkinImage image;
-    ASSERT_EQ(DecodeBytes(image, bytes), S_OK);
-    for (int sourceX : {0, 77}) {
-        SCOPED_TRACE(testing::Message() << "source x " << sourceX);
-        Canvas canvas(710, 5);
-        DrawSkinImage(image, canvas.dc(), 4, 1, -1, -1, sourceX, 0, -1, -1);
-        ExpectDrawn(canvas, image, 4, 1, width, height,
-                    [&](int c, int r) { return r * static_cast<long long>(width) + c + sourceX; });
-    }
-}
-
-TEST(SkinDraw, LimitsAndSourceOffsetsChooseThePlaneIndexes) {
-    struct Case {
-        int width, height, sourceX, sourceY, columnLimit, rowLimit;
-        int columns, rows;  // what is drawn
+TEST(SkinDraw, PlanesBlendOverTheDestinationFromTheChosenPlaneIndexes) {
+    const int cases[][15] = {
+        // picture w, h, bits; canvas w, h; x, y; width, height, source x, y, column and row limit; columns, rows drawn
+        {5, 4, 32, 16, 12, 3, 2, -1, -1, 0, 0, -1, -1, 5, 4},
+        {5, 4, 24, 9, 7, 1, 1, -1, -1, 0, 0, -1, -1, 5, 4},
+        {5, 4, 32, 12, 9, 2, 1, 4, -1, 1, 1, 3, 2, 3, 2},
+        {5, 4, 32, 12, 9, 2, 1, -1, 2, 0, 0, -1, -1, 5, 2},
+        {5, 4, 32, 12, 9, 2, 1, 3, 9, 0, 0, 9, -1, 3, 4},
+        {5, 4, 32, 12, 9, 2, 1, 5, 4, 3, 0, -1, -1, 5, 4},   // columns past the right edge read on into the next row
+        {5, 4, 32, 12, 9, 2, 1, 5, 4, 0, 3, -1, -1, 5, 4},   // rows past the last one are left alone
+        {5, 4, 32, 12, 9, 2, 1, 5, 4, -2, -1, -1, -1, 5, 4}, // so are indexes before the first
+        {5, 4, 32, 12, 9, 2, 1, 0, 4, 0, 0, -1, -1, 0, 0},
+        {5, 4, 32, 12, 9, 2, 1, 5, 4, 0, 0, 5, 0, 0, 0},
+        {7, 3, 32, 9, 6, 4, 4, -1, -1, 0, 0, -1, -1, 7, 3},  // runs off the canvas
+        {700, 3, 32, 710, 5, 4, 1, -1, -1, 0, 0, -1, -1, 700, 3},
+        {700, 3, 32, 710, 5, 4, 1, -1, -1, 77, 0, -1, -1, 700, 3},
     };
-    const Case cases[] = {
-        {4, -1, 1, 1, 3, 2, 3, 2},    // the smaller of width and column limit, of height and row limit
-        {-1, 2, 0, 0, -1, -1, 5, 2},  // -1 width and limits: the picture's size
-        {3, 9, 0, 0, 9, -1, 3, 4},    // -1 row limit: the picture's height
-        {5, 4, 3, 0, -1, -1, 5, 4},   // columns past the right edge read on into the next row
-        {5, 4, 0, 3, -1, -1, 5, 4},   // rows past the last one are left alone
-        {5, 4, -2, 0, -1, -1, 5, 4},  // negative offsets: indexes before the picture left alone
-        {5, 4, 0, -1, -1, -1, 5, 4},
-        {0, 4, 0, 0, -1, -1, 0, 4},   // nothing to draw
-        {5, 4, 0, 0, 5, 0, 5, 0},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << "width " << c.width << " height " << c.height << " source " << c.sourceX
-                                        << "," << c.sourceY << " limits " << c.columnLimit << "," << c.rowLimit);
+    for (const auto& c : cases) {
         SkinImage image;
-        MakePicture(image, 5, 4);
-        Canvas canvas(12, 9);
-        DrawSkinImage(image, canvas.dc(), 2, 1, c.width, c.height, c.sourceX, c.sourceY, c.columnLimit, c.rowLimit);
-        ExpectDrawn(canvas, image, 2, 1, c.columns, c.rows,
-                    [&](int column, int row) { return column + (row + c.sourceY) * 5LL + c.sourceX; });
+        ASSERT_EQ(DecodeBytes(image, Picture(c[0], c[1], c[2])), S_OK);
+        Canvas canvas(c[3], c[4]);
+        DrawSkinImage(image, canvas.dc.get(), c[5], c[6], c[7], c[8], c[9], c[10], c[11], c[12]);
+        SCOPED_TRACE(testing::Message() << "case " << &c - cases);
+        ExpectCanvas(canvas, [&](int x, int y, Rgba before) {
+            int column = x - c[5], row = y - c[6], index = column + (row + c[10]) * c[0] + c[9];
+            bool drawn = column >= 0 && column < c[13] && row >= 0 && row < c[14] && index >= 0 && index < c[0] * c[1];
+            return drawn ? Blended(PixelAt(image, index % c[0], index / c[0]), before) : before;
+        });
     }
 }
 
-TEST(SkinDraw, ClippedAndOddSizedDrawsStayInPlace) {
-    SkinImage image;
-    MakePicture(image, 7, 3);
-    Canvas canvas(9, 6);
-    DrawSkinImage(image, canvas.dc(), 4, 4, -1, -1, 0, 0, -1, -1);  // runs off the canvas
-    ExpectDrawn(canvas, image, 4, 4, 7, 3, [&](int c, int r) { return r * 7LL + c; });
-}
-
-TEST(SkinDraw, A24BitPictureCoversTheDestination) {
-    SkinImage image;
-    MakePicture(image, 3, 2, 24);
-    Canvas canvas(5, 4);
-    DrawSkinImage(image, canvas.dc(), 1, 1, -1, -1, 0, 0, -1, -1);
-    for (int y = 0; y < 2; ++y)
-        for (int x = 0; x < 3; ++x) EXPECT_EQ(canvas.at(1 + x, 1 + y), PixelAt(image, x, y));
-    EXPECT_EQ(canvas.at(0, 0), canvas.original(0, 0));
-}
-
-TEST(SkinDraw, EmptyPicturesDrawNothing) {
-    Canvas canvas(6, 6);
-    SkinImage never;
-    DrawSkinImage(never, canvas.dc(), 0, 0, -1, -1, 0, 0, -1, -1);
-    DrawSkinImage(never, canvas.dc(), 0, 0, 4, 4, 0, 0, 4, 4);
-    SkinImage failed;
-    MakePicture(failed, 2, 2);
-    EXPECT_EQ(DecodeBytes(failed, TgaHeader(kTrueColor, 2, 2, 32, 0)), E_FAIL);
-    DrawSkinImage(failed, canvas.dc(), 0, 0, -1, -1, 0, 0, -1, -1);
-    SkinImage noRows;
-    ASSERT_EQ(DecodeBytes(noRows, TgaHeader(kRunLength, 4, 0, 32, 0)), S_OK);
-    DrawSkinImage(noRows, canvas.dc(), 0, 0, -1, -1, 0, 0, -1, -1);
-    EXPECT_TRUE(canvas.unchanged());
-}
-
-TEST(SkinDraw, TranslucentFillBlendsTheColourAtTheOpacity) {
-    const COLORREF color = RGB(200, 100, 50);
-    for (int opacity : {0, 1, 77, 128, 254, 255}) {
-        SCOPED_TRACE(testing::Message() << "opacity " << opacity);
+TEST(SkinDraw, TranslucentFillsBlendAtTheOpacityClampedTo0To255AndEmptyDrawsChangeNothing) {
+    for (int opacity : {0, 1, 77, 128, 254, 255, -5, 300}) {
+        BYTE alpha = static_cast<BYTE>(std::min(std::max(opacity, 0), 255));
         Canvas canvas(10, 7);
-        FillTranslucent(canvas.dc(), 2, 1, 5, 3, color, opacity);
-        for (int y = 0; y < canvas.height(); ++y) {
-            for (int x = 0; x < canvas.width(); ++x) {
-                Rgba want = canvas.original(x, y);
-                if (x >= 2 && x < 7 && y >= 1 && y < 4) want = Blended({200, 100, 50, BYTE(opacity)}, want);
-                ASSERT_EQ(canvas.at(x, y), want) << x << "," << y;
-            }
-        }
+        FillTranslucent(canvas.dc.get(), 2, 1, 5, 3, RGB(200, 100, 50), opacity);
+        SCOPED_TRACE(testing::Message() << "opacity " << opacity);
+        ExpectCanvas(canvas, [&](int x, int y, Rgba before) {
+            return x >= 2 && x < 7 && y >= 1 && y < 4 ? Blended({200, 100, 50, alpha}, before) : before;
+        });
     }
-    Canvas canvas(4, 4);
-    FillTranslucent(canvas.dc(), 0, 0, 0, 4, color, 255);
-    FillTranslucent(canvas.dc(), 0, 0, 4, -1, color, 255);
-    EXPECT_TRUE(canvas.unchanged());
+    Canvas canvas(6, 6);
+    SkinImage never, failed, noRows;
+    ASSERT_EQ(DecodeBytes(failed, Picture(2, 2, 32)), S_OK);
+    EXPECT_EQ(DecodeBytes(failed, TgaHeader(kTrueColor, 2, 2, 32, 0)), E_FAIL);
+    ASSERT_EQ(DecodeBytes(noRows, TgaHeader(kRunLength, 4, 0, 32, 0)), S_OK);
+    for (const SkinImage* image : {&never, &failed, &noRows}) {
+        DrawSkinImage(*image, canvas.dc.get(), 0, 0, -1, -1, 0, 0, -1, -1);
+        DrawSkinImage(*image, canvas.dc.get(), 0, 0, 4, 4, 0, 0, 4, 4);
+    }
+    FillTranslucent(canvas.dc.get(), 0, 0, 0, 4, RGB(1, 2, 3), 255);
+    FillTranslucent(canvas.dc.get(), 0, 0, 4, -1, RGB(1, 2, 3), 255);
+    ExpectCanvas(canvas, [](int, int, Rgba before) { return before; });
+}
+
+const COLORREF kKey = RGB(255, 0, 255);
+
+std::string Size(int width, int height) { return std::to_string(width) + "x" + std::to_string(height) + " "; }
+
+// What the image holds: "planes WxH", "bitmap WxH" or both, then its key colour; or "nothing".
+std::string Found(const SkinImage& image) {
+    std::string found;
+    if (image.red || image.width || image.height) found += "planes " + Size(image.width, image.height);
+    if (image.bitmap || image.bitmapWidth) found += "bitmap " + Size(image.bitmapWidth, image.bitmapHeight);
+    return found.empty() ? "nothing" : found + "key " + std::to_string(image.keyColor);
+}
+
+TEST(SkinLoad, SearchOrderFallbacksAndTheFailuresThatLeaveNothing) {
+    ScratchFolder scratch(L"skin_load");
+    auto file = [&](const wchar_t* name) { return scratch.file(name); };
+    auto opaqueTga = [](int width, int height) {
+        return TgaHeader(kTrueColor, width, height, 24, 0) + std::string(width * height * 3, '\x40');
+    };
+    WriteBytes(file(L"pic.tga"), opaqueTga(2, 2));
+    WriteBytes(file(L"pic.bmp"), PlainBitmap(3, 2, RGB(10, 20, 30)));
+    WriteBytes(file(L"pic_high.bmp"), PlainBitmap(5, 4, RGB(40, 50, 60)));
+    ASSERT_TRUE(WriteModuleWithResources(file(L"skin.dll"), {{L"TARGA", L"PIC", opaqueTga(4, 1)},
+                                                             {L"TARGA", MAKEINTRESOURCEW(7), opaqueTga(1, 3)},
+                                                             {RT_BITMAP, MAKEINTRESOURCEW(101), PlainBitmap(6, 3, 0).substr(14)}}));
+    Library module(LoadLibraryW(file(L"skin.dll").c_str()));
+    ASSERT_TRUE(module);
+    const wchar_t* folder = scratch.path().c_str();
+    SkinImage image;
+    auto load = [&](const wchar_t* inFolder, const wchar_t* name, const wchar_t* resource, int bitmapId, bool allowHigh) {
+        bool found = LoadSkinImage(image, inFolder, name, module.get(), resource, bitmapId, kKey, allowHigh);
+        EXPECT_EQ(found, image.hasPlanes() || image.bitmap) << Found(image);
+        return Found(image);
+    };
+    const std::string key = "key " + std::to_string(kKey);
+    EXPECT_EQ(load(folder, L"pic", L"PIC", 101, true), "planes 2x2 " + key) << "the folder's TGA first";
+    WriteBytes(file(L"pic.tga"), TgaHeader(1, 2, 2, 32, 0));
+    EXPECT_EQ(load(folder, L"pic", L"PIC", 101, true), "bitmap 3x2 " + key) << "a TGA that does not decode";
+    DeleteFileW(file(L"pic.bmp").c_str());
+    EXPECT_EQ(load(folder, L"pic", L"PIC", 101, true), "bitmap 5x4 " + key) << "the high bitmap when allowed";
+    EXPECT_EQ(load(folder, L"pic", L"PIC", 101, false), "planes 4x1 " + key) << "else the TARGA resource";
+    EXPECT_EQ(load(L"", L"pic", L"PIC", 101, true), "planes 4x1 " + key) << "an empty folder skips the files";
+    EXPECT_EQ(load(folder, L"pic", MAKEINTRESOURCEW(7), 101, false), "planes 1x3 " + key) << "a numbered resource";
+    EXPECT_EQ(load(nullptr, L"pic", nullptr, 101, true), "bitmap 6x3 " + key) << "no resource name: the bitmap";
+    EXPECT_EQ(load(folder, L"other", L"OTHER", 101, true), "bitmap 6x3 " + key) << "nothing of that name";
+    for (const wchar_t* before : {L"PIC", static_cast<const wchar_t*>(nullptr)}) {
+        std::string held = load(nullptr, nullptr, before, 101, false);
+        EXPECT_EQ(load(folder, L"other", L"OTHER", -1, true), "nothing") << "after " << held;
+        load(nullptr, nullptr, before, 101, false);
+        EXPECT_EQ(load(folder, L"other", L"", 999, true), "nothing") << "a missing bitmap id after " << held;
+    }
+}
+
+TEST(SkinLoad, BitmapIsDrawnAtItsOwnSizeWithTheKeyColourTransparent) {
+    auto paint = [](int x, int y) { return (x + 2 * y) % 3 == 0 ? kKey : RGB(200, 10 + 50 * x, 10 + 60 * y); };
+    ScratchFolder folder(L"skin_keyed");
+    WriteBytes(folder.file(L"keyed.bmp"), BitmapFileBytes(4, 3, paint));
+    SkinImage image;
+    ASSERT_TRUE(LoadSkinImage(image, folder.path().c_str(), L"keyed", nullptr, nullptr, -1, kKey, false));
+    Canvas canvas(9, 7);
+    DrawSkinImage(image, canvas.dc.get(), 2, 1, 1, 1, 0, 0, 1, 1);  // sizes and limits are for planes only
+    ExpectCanvas(canvas, [&](int x, int y, Rgba before) {
+        COLORREF c = x >= 2 && x < 6 && y >= 1 && y < 4 ? paint(x - 2, y - 1) : kKey;
+        return c == kKey ? before : Rgba{GetRValue(c), GetGValue(c), GetBValue(c), 255};
+    });
 }
 
 }  // namespace
