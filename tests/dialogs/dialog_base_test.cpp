@@ -1,11 +1,6 @@
-// The dialog base on real modal dialogs: what opening one does to the display scaling, the fonts
-// and controls it makes, the object kept in the window, the result of the modal run, and the
-// shell's activation handling that only full-screen dialogs take part in.
-#include <windows.h>
-#include <commctrl.h>
-
-#include <string>
-#include <vector>
+// The dialog base on real modal dialogs: opening one ends the VGA doubling, its fonts and
+// controls, the modal result, and the shell's activation handling of full-screen dialogs only.
+#include <tuple>
 
 #include "common/test_support.h"
 #include "dialogs/dialog_base.h"
@@ -18,169 +13,82 @@ namespace {
 class ProbeDialog : public DialogBase {
 public:
     explicit ProbeDialog(bool fullScreen) : DialogBase(GetModuleHandleW(nullptr), fullScreen) {}
-
     SharedString GetTitle() override {
         SharedString title;
-        title.set(L"Probe");
-        return title;
+        return title.set(L"Probe"), title;
     }
-
     void CreateControls(HWND window) override {
         SharedString text;
         text.set(L"read only");
-        edit = AddEdit(window, text, true);
-        plainEdit = AddEdit(window, SharedString(), false);
-        label = AddLabel(window, L"Label");
-        list = AddList(window, L"", LVS_SHOWSELALWAYS);
-        button = AddButton(window, L"Go", 1234, WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, true);
+        controls = {AddEdit(window, text, true), AddEdit(window, SharedString(), false), AddLabel(window, L"Label"),
+                    AddList(window, L"", LVS_SHOWSELALWAYS),
+                    AddButton(window, L"Go", 1234, WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, true)};
         combo = AddComboBox(window, 1235, WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST);
     }
-
-    INT_PTR DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == WM_NCDESTROY) sawLastMessage = true;
-        return DialogBase::DialogProc(window, message, wParam, lParam);
-    }
-
-    HWND edit = nullptr, plainEdit = nullptr, label = nullptr, list = nullptr, button = nullptr, combo = nullptr;
-    bool sawLastMessage = false;
+    std::vector<HWND> controls;  // read-only edit, edit, label, list, button
+    HWND combo = nullptr;
 };
 
-LOGFONTW FontOf(HFONT font) {
-    LOGFONTW description = {};
-    GetObjectW(font, sizeof description, &description);
-    return description;
-}
-
-RECT RectInParent(HWND child) {
-    RECT rect;
-    GetWindowRect(child, &rect);
-    MapWindowPoints(nullptr, GetParent(child), reinterpret_cast<POINT*>(&rect), 2);
-    return rect;
-}
-
 DWORD StyleOf(HWND window) { return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE)); }
+HFONT FontOf(HWND window) { return reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)); }
 
-int ScreenScaled(int value) {
+TEST(DialogBase, OpeningEndsVgaDoublingMakesFontsAndControlsAndOnlyFullScreenTakesActivation) {
     HDC screen = GetDC(nullptr);
-    int pixelsPerInch = GetDeviceCaps(screen, LOGPIXELSX);
+    const int screenScaled12 = (12 * GetDeviceCaps(screen, LOGPIXELSX) + 48) / 96;
     ReleaseDC(nullptr, screen);
-    return (value * pixelsPerInch + 48) / 96;
-}
-
-}  // namespace
-
-TEST(DialogBase, OpeningEndsVgaDoublingAndBuildsFontsAndControls) {
     SetVgaMode(true);
     ASSERT_EQ(ScaleForDisplay(12), 24);
-    ASSERT_EQ(ScaleForDisplayY(-2), -4);
-
-    ProbeDialog probe(false);
-    bool result = false;
-    ModalScript script;
-    script.Then([&] {
-        HWND dialog = ModalScript::FindDialog(L"Probe");
-        if (!dialog) return false;
-        EXPECT_EQ(GetWindowLongPtrW(dialog, GWLP_USERDATA), reinterpret_cast<LONG_PTR>(&probe));
-        EXPECT_FALSE(g_app.vgaMode);
-        EXPECT_EQ(ScaleForDisplay(12), ScreenScaled(12));
-
-        LOGFONTW normal = FontOf(probe.normalFont());
-        LOGFONTW bold = FontOf(probe.boldFont());
-        EXPECT_EQ(normal.lfHeight, ScreenScaled(12)) << "fonts are made after the VGA flag is cleared";
-        EXPECT_EQ(normal.lfWeight, 100);
-        EXPECT_EQ(bold.lfWeight, 700);
-        EXPECT_STREQ(normal.lfFaceName, L"Tahoma");
-        EXPECT_STREQ(bold.lfFaceName, L"Tahoma");
-
-        for (HWND control : {probe.edit, probe.plainEdit, probe.label, probe.list, probe.button, probe.combo}) {
-            EXPECT_NE(control, nullptr);
-            if (!control) continue;
-            EXPECT_EQ(GetParent(control), dialog);
-            RECT rect = RectInParent(control);
-            EXPECT_EQ(rect.left, 1);
-            EXPECT_EQ(rect.top, 1);
-            if (control != probe.combo) {  // a combo box keeps its own height
-                EXPECT_EQ(rect.right - rect.left, 1);
-                EXPECT_EQ(rect.bottom - rect.top, 1);
-            }
-        }
-        EXPECT_EQ(StyleOf(probe.edit) & (ES_READONLY | ES_AUTOHSCROLL | WS_TABSTOP | WS_CHILD | WS_VISIBLE),
-                  static_cast<DWORD>(ES_READONLY | ES_AUTOHSCROLL | WS_TABSTOP | WS_CHILD | WS_VISIBLE));
-        EXPECT_EQ(StyleOf(probe.plainEdit) & ES_READONLY, 0u);
-        EXPECT_EQ(WindowText(probe.edit), L"read only");
-        EXPECT_EQ(StyleOf(probe.label) & SS_TYPEMASK, static_cast<DWORD>(SS_RIGHT));
-        DWORD listBits = LVS_REPORT | LVS_SINGLESEL | LVS_NOCOLUMNHEADER | LVS_NOSORTHEADER | LVS_AUTOARRANGE |
-                         LVS_SHOWSELALWAYS | WS_TABSTOP;
-        EXPECT_EQ(StyleOf(probe.list) & listBits, listBits);
-        EXPECT_EQ(GetDlgCtrlID(probe.button), 1234);
-        EXPECT_EQ(GetDlgCtrlID(probe.combo), 1235);
-        EXPECT_EQ(reinterpret_cast<HFONT>(SendMessageW(probe.button, WM_GETFONT, 0, 0)), probe.boldFont());
-        EXPECT_EQ(reinterpret_cast<HFONT>(SendMessageW(probe.edit, WM_GETFONT, 0, 0)), probe.normalFont());
-        EXPECT_EQ(WindowText(dialog), L"Probe");
-        EndDialog(dialog, 7);
-        return true;
-    });
-    script.Play([&] { result = RunModal(GetModuleHandleW(nullptr), &probe); });
-
-    EXPECT_TRUE(result);
-    EXPECT_TRUE(probe.sawLastMessage);
-    EXPECT_FALSE(g_app.vgaMode) << "the doubling stays off for the rest of the run";
-    EXPECT_EQ(ScaleForDisplay(12), ScreenScaled(12));
-}
-
-TEST(DialogBase, ZeroResultIsFalseAndEachOpeningMakesFreshFonts) {
-    ProbeDialog probe(true);
-    HFONT firstFont = nullptr;
-    for (INT_PTR ending : {INT_PTR(0), INT_PTR(1)}) {
-        bool result = !ending;
-        ModalScript script;
-        script.Then([&] {
-            HWND dialog = ModalScript::FindDialog(L"Probe");
-            if (!dialog) return false;
-            if (!firstFont) firstFont = probe.normalFont();
-            EndDialog(dialog, ending);
-            return true;
-        });
-        script.Play([&] { result = RunModal(GetModuleHandleW(nullptr), &probe); });
-        EXPECT_EQ(result, ending != 0);
-    }
-    LOGFONTW font = {};
-    EXPECT_NE(probe.normalFont(), nullptr);
-    EXPECT_EQ(GetObjectW(firstFont, sizeof font, &font), 0) << "the first opening's font was deleted";
-}
-
-// Full-screen dialogs pass activation and setting changes to the shell, which remembers the
-// focused control and the active state; a plain dialog leaves its activate info untouched.
-TEST(DialogBase, OnlyFullScreenDialogsHandleActivation) {
-    for (bool fullScreen : {true, false}) {
+    for (bool fullScreen : {false, true}) {
         SCOPED_TRACE(fullScreen ? "full screen" : "plain");
         ProbeDialog probe(fullScreen);
-        SHACTIVATEINFO seen = {};
         RECT client = {};
+        SHACTIVATEINFO seen = {};
         ModalScript script;
         script.Then([&] {
             HWND dialog = ModalScript::FindDialog(L"Probe");
             if (!dialog) return false;
+            EXPECT_EQ(GetWindowLongPtrW(dialog, GWLP_USERDATA), reinterpret_cast<LONG_PTR>(&probe));
+            LOGFONTW normal = {}, bold = {};
+            GetObjectW(probe.normalFont(), sizeof normal, &normal);
+            GetObjectW(probe.boldFont(), sizeof bold, &bold);
+            EXPECT_EQ(normal.lfHeight, screenScaled12) << "the fonts are made after the doubling ended";
+            EXPECT_EQ(normal.lfWeight, 100);
+            EXPECT_EQ(bold.lfWeight, 700);
+            EXPECT_STREQ(bold.lfFaceName, L"Tahoma");
+            for (HWND control : probe.controls) {
+                RECT rect;
+                GetWindowRect(control, &rect);
+                MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
+                EXPECT_EQ(std::make_tuple(rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top),
+                          std::make_tuple(1L, 1L, 1L, 1L)) << "made at (1, 1), 1 x 1, for the layout to place";
+            }
+            DWORD listBits = LVS_REPORT | LVS_SINGLESEL | LVS_NOCOLUMNHEADER | LVS_NOSORTHEADER | LVS_SHOWSELALWAYS;
+            EXPECT_EQ(StyleOf(probe.controls[0]) & (ES_READONLY | ES_AUTOHSCROLL | WS_TABSTOP), static_cast<DWORD>(ES_READONLY | ES_AUTOHSCROLL | WS_TABSTOP));
+            EXPECT_EQ(StyleOf(probe.controls[1]) & ES_READONLY, 0u);
+            EXPECT_EQ(WindowText(probe.controls[0]), L"read only");
+            EXPECT_EQ(StyleOf(probe.controls[2]) & SS_TYPEMASK, static_cast<DWORD>(SS_RIGHT));
+            EXPECT_EQ(StyleOf(probe.controls[3]) & listBits, listBits);
+            EXPECT_EQ(GetDlgCtrlID(probe.controls[4]), 1234);
+            EXPECT_EQ(GetDlgCtrlID(probe.combo), 1235);
+            EXPECT_EQ(FontOf(probe.controls[4]), probe.boldFont());
+            EXPECT_EQ(FontOf(probe.controls[0]), probe.normalFont());
             GetClientRect(dialog, &client);
-            SetFocus(probe.plainEdit);
+            SetFocus(probe.controls[1]);
             SendMessageW(dialog, WM_ACTIVATE, WA_INACTIVE, 0);
             SendMessageW(dialog, WM_ACTIVATE, WA_ACTIVE, 0);
             SendMessageW(dialog, WM_SETTINGCHANGE, SPI_SETSIPINFO, 0);
             seen = probe.activateInfo();
-            EndDialog(dialog, 0);
-            return true;
+            return EndDialog(dialog, fullScreen ? 0 : 7), true;
         });
-        script.Play([&] { RunModal(GetModuleHandleW(nullptr), &probe); });
-
+        bool result = fullScreen;
+        script.Play([&] { result = RunModal(GetModuleHandleW(nullptr), &probe); });
+        EXPECT_EQ(result, !fullScreen) << "ended with 7 when plain, 0 when full screen";
         EXPECT_EQ(seen.cbSize, kDeviceActivateInfoSize);
-        if (fullScreen) {
-            EXPECT_EQ(seen.hwndLastFocus, probe.plainEdit);
-            EXPECT_EQ(seen.fActive, 1u);
-            EXPECT_GE(client.right, ScaleForDisplay(200)) << "sized over the screen";
-        } else {
-            EXPECT_EQ(seen.hwndLastFocus, nullptr);
-            EXPECT_EQ(seen.fActive, 0u);
-            EXPECT_LT(client.right, ScaleForDisplay(200)) << "left at the template's size";
-        }
+        EXPECT_EQ(seen.hwndLastFocus, fullScreen ? probe.controls[1] : nullptr);
+        EXPECT_EQ(seen.fActive, fullScreen ? 1u : 0u);
+        EXPECT_EQ(client.right >= ScaleForDisplay(200), fullScreen) << "only a full-screen dialog is sized over the screen";
     }
+    EXPECT_EQ(ScaleForDisplay(12), screenScaled12) << "the doubling stays off for the rest of the run";
 }
+
+}  // namespace

@@ -1,6 +1,7 @@
-// The font dialog (the program's template 210) driven through its controls: the weight rule, the
-// sizes 10 to 30, a colour chosen with "Set" that stays when the dialog is cancelled; and the
-// time column width the previews share.
+// The font dialog driven through its controls: the weight rule, the sizes 10 to 30, a colour chosen
+// with "Set" that stays when the dialog is cancelled; and the time column width the previews share.
+#include <tuple>
+
 #include "common/test_support.h"
 #include "dialogs/colour_picker.h"
 #include "dialogs/font_dialog.h"
@@ -26,29 +27,30 @@ bool RunOn(LOGFONTW* font, COLORREF* colour, std::initializer_list<std::function
 
 bool Ticked(HWND dialog, int id) { return IsDlgButtonChecked(dialog, id) == BST_CHECKED; }
 LRESULT SizeShown(HWND dialog) { return SendDlgItemMessageW(dialog, IDC_FONT_SIZE_COMBO, CB_GETCURSEL, 0, 0); }
+bool Press(HWND window, int command) { return PostMessageW(window, WM_COMMAND, command, 0); }
 
 TEST(FontDialog, WeightAndSizeRules) {
-    LOGFONTW font = {12, 0, 0, 0, 400, TRUE};
     COLORREF colour = RGB(1, 2, 3);
-    EXPECT_TRUE(RunOn(&font, &colour, {[](HWND dialog) {
-        EXPECT_FALSE(Ticked(dialog, IDC_FONT_BOLD)) << "400 is not bold";
-        EXPECT_TRUE(Ticked(dialog, IDC_FONT_ITALIC));
-        EXPECT_EQ(SizeShown(dialog), 2) << "12 in 10..30";
-        SendDlgItemMessageW(dialog, IDC_FONT_UNDERLINE, BM_CLICK, 0, 0);
-        return PostMessageW(dialog, WM_COMMAND, IDOK, 0);
-    }}));
-    EXPECT_EQ(font.lfWeight, 100) << "unticked is written as 100";
-    EXPECT_EQ(font.lfUnderline, 1);
-    EXPECT_EQ(font.lfHeight, 12);
-
-    for (LONG height : {9L, 31L}) {
-        font = LOGFONTW{height, 0, 0, 0, 700};
-        RunOn(&font, &colour, {[](HWND dialog) {
-            EXPECT_EQ(SizeShown(dialog), CB_ERR);
-            EXPECT_TRUE(Ticked(dialog, IDC_FONT_BOLD));
-            return PostMessageW(dialog, WM_COMMAND, IDOK, 0);
-        }});
-        EXPECT_EQ(font.lfHeight, 9) << "no size + 10, from " << height;
+    struct Case { LONG height, weight; LRESULT sizeShown; bool bold; LONG heightAfter, weightAfter; } cases[] = {
+        {10, 400, 0, false, 10, 100},  // 400 is not bold, and unticked is written as 100
+        {30, 700, 20, true, 30, 700},
+        {9, 700, CB_ERR, true, 9, 700},  // no size shown: OK writes none + 10 - 1
+        {31, 701, CB_ERR, false, 9, 100},
+    };
+    for (const Case& c : cases) {
+        LOGFONTW font = {c.height, 0, 0, 0, c.weight, TRUE, FALSE, TRUE};
+        EXPECT_TRUE(RunOn(&font, &colour, {[&](HWND dialog) {
+            EXPECT_EQ(SizeShown(dialog), c.sizeShown) << c.height;
+            EXPECT_EQ(Ticked(dialog, IDC_FONT_BOLD), c.bold) << c.weight;
+            EXPECT_TRUE(Ticked(dialog, IDC_FONT_ITALIC) && Ticked(dialog, IDC_FONT_STRIKEOUT));
+            EXPECT_FALSE(Ticked(dialog, IDC_FONT_UNDERLINE));
+            SendDlgItemMessageW(dialog, IDC_FONT_UNDERLINE, BM_CLICK, 0, 0);
+            SendDlgItemMessageW(dialog, IDC_FONT_STRIKEOUT, BM_CLICK, 0, 0);
+            return Press(dialog, IDOK);
+        }}));
+        EXPECT_EQ(font.lfHeight, c.heightAfter);
+        EXPECT_EQ(font.lfWeight, c.weightAfter);
+        EXPECT_EQ(std::make_tuple(font.lfItalic, font.lfUnderline, font.lfStrikeOut), std::make_tuple(BYTE(1), BYTE(1), BYTE(0)));
     }
 }
 
@@ -62,8 +64,7 @@ TEST(FontDialog, CancelKeepsTheFontButAColourChosenWithSet) {
     auto inPicker = [](int command) {
         return [command](HWND) {
             HWND picker = ModalScript::FindDialog(L"Color");
-            if (picker) PostMessageW(picker, WM_COMMAND, command, 0);
-            return picker != nullptr;
+            return picker && Press(picker, command);
         };
     };
     EXPECT_FALSE(RunOn(&font, &colour, {
@@ -71,7 +72,7 @@ TEST(FontDialog, CancelKeepsTheFontButAColourChosenWithSet) {
         set, inPicker(kPickerDefaultButton), inPicker(IDOK),
         [&](HWND) { return colour == kNoColour; },  // at once
         set, inPicker(IDCANCEL),
-        [&](HWND dialog) { return ModalScript::FindDialog(L"Color") == nullptr && PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0); },
+        [&](HWND dialog) { return !ModalScript::FindDialog(L"Color") && Press(dialog, IDCANCEL); },
     }));
     EXPECT_EQ(font.lfWeight, 100);
     EXPECT_EQ(colour, kNoColour) << "kept through a cancelled picker and a cancelled dialog";
@@ -94,10 +95,12 @@ TEST(TimeColumn, FollowsTheFormatIconsIndentAndLeadingRectangleOnceMeasured) {
     EXPECT_EQ(TimeColumnWidth(dc), 2) << "kept until forgotten";
     EXPECT_EQ(measure(7), 2 + 2 * 13 + 8) << "the larger icon pair, and the indent";
     g_settings.general.IndentItems.value = 2;  // only 1 indents
-    int multiday = measure(2) - 2 * 13 - 12;
-    int timed = measure(1) - 2 * 13 - 12;
+    int multiday = measure(6) - 2 * 13 - 12;
+    int timed = measure(5) - 2 * 13 - 12;
     EXPECT_GT(multiday, 20);
     EXPECT_GT(timed, multiday) << "odd formats show the time as well";
+    EXPECT_EQ(measure(2), multiday + 2 * 13 + 12);
+    EXPECT_EQ(measure(1), timed + 2 * 13 + 12);
     g_settings.fonts.FontGnrlUseAdvncd.value = 1;
     g_settings.fonts.FontCalApptBusy.font.lfHeight = 40;
     EXPECT_GT(measure(1) - 2 * 13 - 12, timed) << "advanced mode measures in the busy-appointment font";

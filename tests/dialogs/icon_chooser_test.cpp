@@ -1,11 +1,6 @@
 // The icon chooser run for real in both modes: the pictures offered, broken pictures shown as
 // "none", the answer for each way of leaving it, and the icon set kept under the IconSet key and
-// used by the item icon table.
-#include <windows.h>
-#include <commctrl.h>
-
-#include <vector>
-
+// drawn by the item icon table.
 #include "common/bitmap_bytes.h"
 #include "dialogs/icon_chooser.h"
 #include "dialogs/modal_script.h"
@@ -18,7 +13,23 @@
 namespace {
 
 using Texts = std::vector<std::wstring>;
+using Pixels = std::vector<DWORD>;
 const COLORREF kSetColour = RGB(200, 30, 60);
+
+// Image `index` of the list drawn on black, row by row.
+Pixels ImagePixels(HIMAGELIST images, int index) {
+    int side = 0;
+    ImageList_GetIconSize(images, &side, &side);
+    DWORD* bits = nullptr;
+    HBITMAP target = CreateTopDownDib(side, side, &bits);
+    HDC dc = CreateCompatibleDC(nullptr);
+    HGDIOBJ old = SelectObject(dc, target);
+    ImageList_Draw(images, index, dc, 0, 0, ILD_NORMAL);
+    GdiFlush();
+    Pixels pixels(bits, bits + side * side);
+    SelectObject(dc, old), DeleteDC(dc), DeleteObject(target);
+    return pixels;
+}
 
 class IconChooser : public ::testing::Test {
 protected:
@@ -42,42 +53,20 @@ protected:
             HWND dialog = ModalScript::FindDialog(title), list = GetDlgItem(dialog, kIconChooserList);
             if (!list) return false;
             offered_ = ListTexts(list), selected_ = SelectedText(list), pictures_.clear();
-            for (int row = 0; row < ListView_GetItemCount(list); ++row) pictures_.push_back(Picture(list, row));
+            for (int row = 0; row < ListView_GetItemCount(list); ++row) {
+                LVITEMW item = {LVIF_IMAGE, row};
+                ListView_GetItem(list, &item);
+                pictures_.push_back(ImagePixels(ListView_GetImageList(list, LVSIL_NORMAL), item.iImage));
+            }
             ListView_SetItemState(list, -1, 0, LVIS_SELECTED);
             if (pick >= 0) ListView_SetItemState(list, pick, LVIS_SELECTED, LVIS_SELECTED);
             return PostMessageW(dialog, WM_COMMAND, command, 0) != FALSE;
         }).Play(open);
     }
-    // The pixels of an entry's large icon.
-    static std::vector<DWORD> Picture(HWND list, int row) {
-        LVITEMW item = {LVIF_IMAGE, row};
-        ListView_GetItem(list, &item);
-        return ImagePixels(ListView_GetImageList(list, LVSIL_NORMAL), item.iImage);
-    }
-    // Image `index` of the list drawn on black, row by row.
-    static std::vector<DWORD> ImagePixels(HIMAGELIST images, int index) {
-        int side = 0;
-        ImageList_GetIconSize(images, &side, &side);
-        DWORD* bits = nullptr;
-        HBITMAP target = CreateTopDownDib(side, side, &bits);
-        HDC dc = CreateCompatibleDC(nullptr);
-        HGDIOBJ old = SelectObject(dc, target);
-        ImageList_Draw(images, index, dc, 0, 0, ILD_NORMAL);
-        GdiFlush();
-        std::vector<DWORD> pixels(bits, bits + side * side);
-        SelectObject(dc, old), DeleteDC(dc), DeleteObject(target);
-        return pixels;
-    }
-    // Loads the item icon table; the colour near the left edge of its ninth icon.
-    static COLORREF LastItemIconColour() {
-        LoadItemIcons();
-        if (ImageList_GetImageCount(ItemIcons()) != 9) return CLR_NONE;
-        return ColourOfDibPixel(ImagePixels(ItemIcons(), 8)[8 * 16 + 2]);
-    }
     ScratchFolder folder_{L"icon_chooser"};
     Texts offered_;
     std::wstring selected_;
-    std::vector<std::vector<DWORD>> pictures_;
+    std::vector<Pixels> pictures_;
 };
 
 TEST_F(IconChooser, OffersThePicturesOfTheFoldersAndShowsBrokenOnesAsNone) {
@@ -96,14 +85,13 @@ TEST_F(IconChooser, OffersThePicturesOfTheFoldersAndShowsBrokenOnesAsNone) {
     EXPECT_EQ(offered_, (Texts{L"No icon", L"cut", L"Good", L"Text"}));
     EXPECT_EQ(selected_, L"Good") << "the current icon";
     ASSERT_EQ(pictures_.size(), 4u);
-    EXPECT_TRUE(pictures_[1] == pictures_[0] && pictures_[3] == pictures_[0]) << "broken pictures look like none";
-    EXPECT_NE(pictures_[2], pictures_[0]);
-    EXPECT_EQ(std::wstring(chosen.c_str()), folder_.file(L"Text.bmp"));
-
+    EXPECT_TRUE(pictures_[1] == pictures_[0] && pictures_[3] == pictures_[0] && pictures_[2] != pictures_[0])
+        << "broken pictures look like none";
+    EXPECT_EQ(chosen.c_str(), folder_.file(L"Text.bmp"));
     Run(L"Category Icon", open, 0, IDCANCEL);
-    EXPECT_EQ(std::wstring(chosen.c_str()), folder_.file(L"Text.bmp")) << "cancelled";
+    EXPECT_EQ(chosen.c_str(), folder_.file(L"Text.bmp")) << "cancelled";
     Run(L"Category Icon", open, -1);
-    EXPECT_EQ(std::wstring(chosen.c_str()), current) << "nothing selected: the choice stays";
+    EXPECT_EQ(chosen.c_str(), current) << "nothing selected: the choice stays";
     Run(L"Category Icon", open, 0);
     EXPECT_STREQ(chosen.c_str(), L"") << "no icon";
 }
@@ -114,6 +102,12 @@ TEST_F(IconChooser, TheChosenSetIsKeptAndDrawnByTheItemIconTable) {
     WriteBytes(IconSetPath(L"Flat.bmp").c_str(), BitmapFileBytes(9 * 16, 16, strip));
     WriteBytes(IconSetPath(L"Short.bmp").c_str(), BitmapFileBytes(8 * 16, 16, strip));
     WriteBytes(IconSetPath(L"Junk.bmp").c_str(), "BM junk");
+    // Loads the item icon table; the colour near the left edge of its ninth icon.
+    auto ninthIconColour = [] {
+        LoadItemIcons();
+        return ImageList_GetImageCount(ItemIcons()) == 9 ? ColourOfDibPixel(ImagePixels(ItemIcons(), 8)[8 * 16 + 2])
+                                                         : CLR_NONE;
+    };
     auto open = [] { ChooseIconSet(nullptr); };
 
     Run(L"Icon Set", open, 1);
@@ -122,13 +116,13 @@ TEST_F(IconChooser, TheChosenSetIsKeptAndDrawnByTheItemIconTable) {
     EXPECT_TRUE(pictures_[3] == pictures_[2] && pictures_[1] != pictures_[2] && pictures_[0] != pictures_[2])
         << "eight icons are no set";
     EXPECT_REG_STRING(HKEY_CURRENT_USER, kIconSetKeyPath, kIconSetValueName, L"Flat.bmp");
-    EXPECT_EQ(LastItemIconColour(), kSetColour);
+    EXPECT_EQ(ninthIconColour(), kSetColour);
 
     Run(L"Icon Set", open, 3, IDCANCEL);
     EXPECT_EQ(selected_, L"Flat");
     for (const wchar_t* stored : {L"Short.bmp", L"..\\Icons\\Flat.bmp"}) {
         RegPutString(HKEY_CURRENT_USER, kIconSetKeyPath, kIconSetValueName, stored);
-        EXPECT_NE(LastItemIconColour(), kSetColour) << stored << ": the built-in icons instead";
+        EXPECT_NE(ninthIconColour(), kSetColour) << stored << ": the built-in icons instead";
     }
     Run(L"Icon Set", open, 0);
     EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kIconSetKeyPath, kIconSetValueName);

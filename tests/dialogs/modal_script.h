@@ -1,8 +1,8 @@
 #pragma once
 // Drives a modal dialog from inside its own message loop: a thread timer plays a list of steps
 // while the loop runs. A step returns true when done, false to be tried again on the next tick
-// (for instance while waiting for a window to appear). When the steps take too long the test
-// fails and every dialog of the thread is ended, so a broken dialog cannot hang the test.
+// (for instance while a window is not up yet). When the steps take too long the test fails and
+// every dialog of the thread is ended, so a broken dialog cannot hang the test.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -17,15 +17,11 @@ class ModalScript {
 public:
     using Step = std::function<bool()>;
 
-    ModalScript& Then(Step step) {
-        steps_.push_back(std::move(step));
-        return *this;
-    }
+    ModalScript& Then(Step step) { return steps_.push_back(std::move(step)), *this; }
 
     // Runs `open`, which enters a modal loop and returns when it ends, while the steps play.
     void Play(const std::function<void()>& open, int maxTicks = 1000) {
-        ModalScript* outer = Current();
-        Current() = this;
+        ModalScript* outer = std::exchange(Current(), this);
         maxTicks_ = maxTicks;
         UINT_PTR timer = SetTimer(nullptr, 0, 10, &ModalScript::Tick);
         open();
@@ -34,34 +30,21 @@ public:
         EXPECT_EQ(next_, steps_.size()) << "the dialog ended before step " << next_ + 1 << " of " << steps_.size();
     }
 
-    // Ends every dialog of this thread (message boxes included) with `result`.
-    static void EndAllDialogs(INT_PTR result) {
-        for (HWND dialog : ThreadDialogs(nullptr)) EndDialog(dialog, result);
-    }
-
-    // The visible dialogs of this thread, topmost first; only those titled `title` unless null.
+    // The visible dialogs (message boxes included) of this thread, topmost first; only those
+    // titled `title` unless null.
     static std::vector<HWND> ThreadDialogs(const wchar_t* title) {
-        struct Search {
-            const wchar_t* title;
-            std::vector<HWND> found;
-        } search = {title, {}};
-        EnumThreadWindows(
-            GetCurrentThreadId(),
-            [](HWND window, LPARAM data) -> BOOL {
-                auto* search = reinterpret_cast<Search*>(data);
-                wchar_t className[32] = L"";
-                GetClassNameW(window, className, 32);
-                if (wcscmp(className, L"#32770") != 0 || !IsWindowVisible(window)) return TRUE;
-                if (search->title) {
-                    wchar_t text[256] = L"";
-                    GetWindowTextW(window, text, 256);
-                    if (wcscmp(text, search->title) != 0) return TRUE;
-                }
-                search->found.push_back(window);
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(&search));
-        return search.found;
+        std::pair<const wchar_t*, std::vector<HWND>> search(title, {});
+        EnumThreadWindows(GetCurrentThreadId(), [](HWND window, LPARAM data) -> BOOL {
+            auto* search = reinterpret_cast<std::pair<const wchar_t*, std::vector<HWND>>*>(data);
+            wchar_t className[32] = L"", text[256] = L"";
+            GetClassNameW(window, className, 32);
+            GetWindowTextW(window, text, 256);
+            if (wcscmp(className, L"#32770") == 0 && IsWindowVisible(window) &&
+                (!search->first || wcscmp(text, search->first) == 0))
+                search->second.push_back(window);
+            return TRUE;
+        }, reinterpret_cast<LPARAM>(&search));
+        return search.second;
     }
 
     static HWND FindDialog(const wchar_t* title) {
@@ -80,9 +63,8 @@ private:
         if (!script || script->busy_) return;
         script->busy_ = true;
         if (++script->ticks_ > script->maxTicks_) {
-            if (!script->timedOut_) ADD_FAILURE() << "step " << script->next_ + 1 << " never completed";
-            script->timedOut_ = true;
-            EndAllDialogs(0);
+            if (script->ticks_ == script->maxTicks_ + 1) ADD_FAILURE() << "step " << script->next_ + 1 << " never completed";
+            for (HWND dialog : ThreadDialogs(nullptr)) EndDialog(dialog, 0);
         } else if (script->next_ < script->steps_.size() && script->steps_[script->next_]()) {
             ++script->next_;
         }
@@ -91,44 +73,38 @@ private:
 
     std::vector<Step> steps_;
     size_t next_ = 0;
-    int ticks_ = 0;
-    int maxTicks_ = 1000;
+    int ticks_ = 0, maxTicks_ = 1000;
     bool busy_ = false;
-    bool timedOut_ = false;
 };
 
 inline std::wstring WindowText(HWND window) {
     wchar_t text[1024] = L"";
-    GetWindowTextW(window, text, 1024);
-    return text;
+    return GetWindowTextW(window, text, 1024), text;
 }
 
 // The texts of a message box's static controls, joined by line feeds.
 inline std::wstring StaticTexts(HWND window) {
     std::wstring texts;
-    for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-        wchar_t className[32] = L"";
-        GetClassNameW(child, className, 32);
-        if (_wcsicmp(className, L"static") == 0) texts += WindowText(child) + L"\n";
-    }
+    wchar_t className[32];
+    for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        if (GetClassNameW(child, className, 32) && _wcsicmp(className, L"static") == 0)
+            texts += WindowText(child) + L"\n";
     return texts;
+}
+
+inline std::wstring ItemText(HWND list, int index) {
+    wchar_t text[MAX_PATH] = L"";
+    ListView_GetItemText(list, index, 0, text, MAX_PATH);
+    return text;
 }
 
 inline std::vector<std::wstring> ListTexts(HWND list) {
     std::vector<std::wstring> texts;
-    int count = ListView_GetItemCount(list);
-    for (int i = 0; i < count; ++i) {
-        wchar_t text[MAX_PATH] = L"";
-        ListView_GetItemText(list, i, 0, text, MAX_PATH);
-        texts.push_back(text);
-    }
+    for (int i = 0; i < ListView_GetItemCount(list); ++i) texts.push_back(ItemText(list, i));
     return texts;
 }
 
 inline std::wstring SelectedText(HWND list) {
     int index = ListView_GetNextItem(list, -1, LVNI_SELECTED);
-    if (index < 0) return L"<none>";
-    wchar_t text[MAX_PATH] = L"";
-    ListView_GetItemText(list, index, 0, text, MAX_PATH);
-    return text;
+    return index < 0 ? L"<none>" : ItemText(list, index);
 }

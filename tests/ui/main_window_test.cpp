@@ -1,101 +1,68 @@
-// The real main window built in-process: page grid, menu bar, Done and Cancel, and the display
-// scaling chosen at creation.
-#include <windows.h>
-#include <commctrl.h>
+// The real main window built in-process as the program starts it: the categories and filters it
+// loads, the page grid and menu bar, its commands (Done, Cancel, Export and Import settings), and
+// the display scaling chosen at creation.
+#include <tuple>
 
-#include <set>
-#include <string>
-
+#include "common/bitmap_bytes.h"
 #include "common/dialog_answer.h"
-#include "common/test_support.h"
-#include "settings/settings.h"
-#include "support/app_state.h"
+#include "dialogs/browser_steps.h"
+#include "files/categories.h"
+#include "files/filters.h"
+#include "platform/object_store.h"
+#include "settings/settings_test_util.h"
 #include "shell/application.h"
-#include "support/display_scale.h"
 #include "shell/main_window.h"
-#include "shell/settings_page.h"
+#include "support/app_state.h"
 #include "ui/probe_page.h"
 
 namespace {
 
-const wchar_t kProduct[] = L"Software\\Orvane\\Quillory";
-const wchar_t kLanguageLibrary[] = L"\\Program Files\\Orvane\\Quillory\\LangRes\\QLEngRc.dll";
-// The page grid's items in order, each with the language library's id of its title (40226 is
-// no page).
-struct PageTitle {
-    const char* page;
-    UINT titleId;
-};
-const PageTitle kPageTitles[12] = {{"General", 40220},        {"Calendar", 40221}, {"Tasks", 40222},
-                                   {"Notes", 40981},          {"Contacts", 41174}, {"Messages", 40982},
-                                   {"Special events", 40223}, {"Fonts", 40224},    {"Colours", 40225},
-                                   {"PIM", 40227},            {"Tabs", 40228},     {"Categories", 40229}};
+const wchar_t kCategories[] = L"Software\\Orvane\\Quillory\\Categories";
 
-std::wstring LoadEnglish(UINT id) {
-    HMODULE library = LoadLibraryW(kLanguageLibrary);
+std::wstring English(UINT id) {
+    static HMODULE library = LoadLibraryW(L"\\Program Files\\Orvane\\Quillory\\LangRes\\QLEngRc.dll");
     wchar_t text[1024] = {};
     LoadStringW(library, id, text, 1024);
-    FreeLibrary(library);
     return text;
 }
 
-std::set<std::wstring> ValueNames(const wchar_t* path) {
-    std::set<std::wstring> names;
-    HKEY key;
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, path, 0, KEY_READ, &key) != ERROR_SUCCESS) return names;
-    wchar_t name[256];
-    for (DWORD i = 0;; ++i) {
-        DWORD length = 256;
-        if (RegEnumValueW(key, i, name, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
-        names.insert(name);
-    }
-    RegCloseKey(key);
-    return names;
+int g_broadcasts = 0;
+LRESULT CALLBACK ListenerProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == RegisterWindowMessageW(L"OrvaneQuillorySettingsChanged") && !wParam && !lParam) ++g_broadcasts;
+    return DefWindowProcW(window, message, wParam, lParam);
 }
 
-// A hidden top-level window that records the settings-changed broadcast.
-struct BroadcastListener {
-    static UINT message;
-    static int received;
-    static WPARAM lastW;
-    static LPARAM lastL;
-    HWND window = nullptr;
-    static LRESULT CALLBACK Proc(HWND w, UINT m, WPARAM wp, LPARAM lp) {
-        if (m == message && m != 0) {
-            ++received;
-            lastW = wp;
-            lastL = lp;
-        }
-        return DefWindowProcW(w, m, wp, lp);
-    }
-    BroadcastListener() {
-        message = RegisterWindowMessageW(L"OrvaneQuillorySettingsChanged");
-        received = 0;
-        window = CreateWindowExW(0, TestWindowClass(L"BroadcastListener", Proc), L"", WS_POPUP, 0, 0, 1, 1, nullptr,
-                                 nullptr, GetModuleHandleW(nullptr), nullptr);
-    }
-    ~BroadcastListener() { DestroyWindow(window); }
-};
-UINT BroadcastListener::message = 0;
-int BroadcastListener::received = 0;
-WPARAM BroadcastListener::lastW = 99;
-LPARAM BroadcastListener::lastL = 99;
+// 32 filter records: filter n titled "Mine n", sensitivity n % 3, 5 hidden, 7 with uncategorized items.
+std::string FiltersFile() {
+    std::wstring text;
+    for (int n = 0; n < 32; ++n)
+        text += L"[FILTER" + std::to_wstring(n) + L"]\r\n\"Title\"=\"Mine " + std::to_wstring(n) +
+                L"\"\r\n\"Sensitivity\"=dword:" + std::to_wstring(n % 3) + L"\r\n\"Visible\"=dword:" +
+                (n == 5 ? L"0" : L"1") + L"\r\n\"Uncategorized\"=dword:" + (n == 7 ? L"1" : L"0") + L"\r\n";
+    return Utf16Bytes(text);
+}
 
 class MainWindow : public ::testing::Test {
 protected:
     void SetUp() override {
         InitCommonControlsForProgram();
-        RegRemoveTree(HKEY_CURRENT_USER, kProduct);
-        g_app = AppState();
-        g_app.instance = GetModuleHandleW(nullptr);
-        RegisterMainWindowClass(g_app.instance);
+        RemoveProductKeys();
+        SetObjectStoreFolder((folder_.path() + L"\\").c_str());
+        RegisterMainWindowClass(GetModuleHandleW(nullptr));
+        listener_ = CreateWindowExW(0, TestWindowClass(L"Listener", ListenerProc), L"", WS_POPUP, 0, 0, 1, 1, nullptr,
+                                    nullptr, GetModuleHandleW(nullptr), nullptr);
+        g_broadcasts = 0;
     }
     void TearDown() override {
         if (IsWindow(window_)) DestroyWindow(window_);
+        DestroyWindow(listener_);
         PumpMessages();
-        RegRemoveTree(HKEY_CURRENT_USER, kProduct);
+        SetObjectStoreFolder(nullptr);
+        RemoveProductKeys();
     }
     void Create(int pixelsPerInch = 96) {
+        g_app = AppState();
+        g_app.instance = GetModuleHandleW(nullptr);
         g_app.pixelsPerInchX = g_app.pixelsPerInchY = pixelsPerInch;
         window_ = CreateMainWindow(g_app.instance);
         ASSERT_NE(window_, nullptr);
@@ -104,188 +71,208 @@ protected:
     ProbePage* OpenProbePage() {
         auto* page = new ProbePage;
         CreatePageWindow(page, window_, L"ProbeSettingsWin", g_app.instance, g_app.normalFont, g_app.boldFont);
-        g_app.currentPage = page;
         SetWindowTextW(window_, L"Probe");
+        g_app.currentPage = page;
         return page;
     }
-    std::wstring Title() {
-        wchar_t title[256] = {};
-        GetWindowTextW(window_, title, 256);
-        return title;
+    // Runs a backup command: in the browser titled `title` the user picks `item` (keeps the proposed
+    // name when empty) and presses OK; returns the texts of the message box captioned `captionId`.
+    std::wstring RunBackupCommand(UINT command, const wchar_t* title, const std::wstring& item, UINT captionId) {
+        std::wstring message;
+        ModalScript().Then([&] {
+            BrowserWindows browser = FindBrowser(title);
+            if (browser.name) proposed_ = WindowText(browser.name);
+            if (browser.list) PickItem(browser.list, item.empty() ? -1 : FindItem(browser.list, item));
+            return browser.dialog && PostMessageW(browser.dialog, WM_COMMAND, IDOK, 0);
+        }).Then([&] {
+            HWND box = ModalScript::FindDialog(English(captionId).c_str());
+            return box && (message = L"\n" + StaticTexts(box), PostMessageW(box, WM_COMMAND, IDOK, 0));
+        }).Play([&] { SendMessageW(window_, WM_COMMAND, command, 0); });
+        return message;
     }
-    HWND window_ = nullptr;
+    std::wstring Title() { return WindowText(window_); }
+    ScratchFolder folder_{L"main_window"};
+    HWND window_ = nullptr, listener_ = nullptr;
+    std::wstring proposed_;
 };
 
-TEST_F(MainWindow, ShowsTwelvePagesAndTheMenuBarTheDeviceWay) {
+TEST_F(MainWindow, StartUpLoadsCategoriesAndFiltersAndDoneClosesAPageThenSavesThemAll) {
+    WriteBytes(folder_.file(L"Categories Database.cedb"), "4001001F=work\t40020002=1\n4001001F=Home\t40020002=2\n"
+                                                          "4001001F=\t40020002=3\n4001001F=apple\t40020002=4\n");
+    CreateDirectoryW(folder_.file(L"Icons").c_str(), nullptr);
+    WriteBytes(folder_.file(L"Icons\\Home.bmp"), PlainBitmap(4, 4, RGB(1, 2, 3)));
+    WriteBytes(folder_.file(L"QLFilters.txt"), FiltersFile());
+    RegPutString(HKEY_CURRENT_USER, kProductPath, L"QLFiltersFileFolder", folder_.path().c_str());
+    RegPutString(HKEY_CURRENT_USER, kProductPath, L"QLIconsFolder", folder_.file(L"Icons").c_str());
+    RegPutDword(HKEY_CURRENT_USER, kCategories, L"CatColor.work", 0x123456);
+    RegPutDword(HKEY_CURRENT_USER, kCategories, L"CatFilter.Home", 5);
     Create();
-    HWND list = g_app.pageList;
-    ASSERT_NE(list, nullptr);
-    ASSERT_EQ(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0), 12);
-    for (int i = 0; i < 12; ++i) {
-        wchar_t text[256] = {};
-        LVITEMW item = {};
-        item.mask = LVIF_TEXT | LVIF_IMAGE;
-        item.iItem = i;
-        item.pszText = text;
-        item.cchTextMax = 256;
-        SendMessageW(list, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
-        const PageTitle& expected = kPageTitles[i];
-        EXPECT_EQ(std::wstring(text), LoadEnglish(expected.titleId)) << "item " << i << ", " << expected.page;
-        EXPECT_FALSE(std::wstring(text).empty()) << "item " << i << ", " << expected.page;
-        EXPECT_EQ(item.iImage, i);
-    }
-    EXPECT_NE(g_app.pageImages, nullptr) << "page icons come from the display library";
+    std::wstring categories;
+    for (CategoryRecord* r = g_categories.head; r; r = r->next)
+        categories += std::wstring(r->name.c_str()) + L" " + std::to_wstring(r->number) + L", ";
+    EXPECT_EQ(categories, L"apple 4, Home 2, work 1, ");
+    CategoryRecord *home = FindCategory(g_categories, L"Home"), *work = FindCategory(g_categories, L"work");
+    ASSERT_TRUE(home && work);
+    EXPECT_TRUE(home->icon.get() && !work->icon.get()) << "icons from the icons folder";
+    EXPECT_EQ(std::make_tuple(work->colour, work->filterMask, home->colour, home->filterMask),
+              std::make_tuple(0x123456ul, 0ul, kNoCategoryColour, 5ul));
+    int n = 0;
+    for (FilterRecord* f = g_filters.head; f; f = f->next, ++n)
+        EXPECT_EQ(std::make_tuple(f->index, std::wstring(f->title.c_str()), f->sensitivity, f->visible, f->includeUncategorized),
+                  std::make_tuple(n + 1, L"Mine " + std::to_wstring(n), n % 3, n != 5, n == 7));
+    EXPECT_EQ(n, 32);
 
-    HWND bar = g_app.menuBar;
-    ASSERT_NE(bar, nullptr);
-    EXPECT_TRUE(IsWindowVisible(bar));
-    RECT barRect, frame;
-    GetWindowRect(bar, &barRect);
-    GetWindowRect(window_, &frame);
-    EXPECT_GT(barRect.bottom - barRect.top, 0);
-    EXPECT_GE(barRect.top, frame.top);
-    EXPECT_LE(barRect.bottom, frame.bottom) << "the bar lies inside the main window";
-    // The menu resource's placeholder button 0 is gone; its "Menu" button stays, then Done and Cancel.
-    ASSERT_EQ(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0), 3);
-    TBBUTTON button = {};
-    SendMessageW(bar, TB_GETBUTTON, 0, reinterpret_cast<LPARAM>(&button));
-    EXPECT_NE(button.idCommand, kCommandDone) << "the placeholder Done of the resource was deleted";
-    SendMessageW(bar, TB_GETBUTTON, 1, reinterpret_cast<LPARAM>(&button));
-    EXPECT_EQ(button.idCommand, kCommandDone);
-    EXPECT_EQ(button.iBitmap, 1);
-    SendMessageW(bar, TB_GETBUTTON, 2, reinterpret_cast<LPARAM>(&button));
-    EXPECT_EQ(button.idCommand, kCommandCancel);
-    EXPECT_EQ(button.iBitmap, 0);
-
-    HMENU menu = reinterpret_cast<HMENU>(SendMessageW(bar, SHCMBM_GETMENU, 0, 0));
-    HMODULE library = LoadLibraryW(kLanguageLibrary);
-    HMENU original = LoadMenuW(library, MAKEINTRESOURCEW(102));
-    EXPECT_EQ(GetMenuItemCount(GetSubMenu(menu, 1)), GetMenuItemCount(GetSubMenu(original, 1)) - 2);
-    for (UINT command : {kCommandAbout, kCommandExport, kCommandImport})
-        EXPECT_NE(GetMenuState(GetSubMenu(menu, 1), command, MF_BYCOMMAND), static_cast<UINT>(-1)) << command;
-    DestroyMenu(original);
-    FreeLibrary(library);
-}
-
-TEST_F(MainWindow, DoneClosesAnOpenPageFirstThenSavesAndBroadcasts) {
-    Create();
-    BroadcastListener listener;
     int stores = 0;
     ProbePage* page = OpenProbePage();
     page->storeCounter = &stores;
     HWND pageWindow = page->window();
-
     SendMessageW(window_, WM_COMMAND, kCommandDone, 0);
-    EXPECT_FALSE(IsWindow(pageWindow));
-    EXPECT_EQ(stores, 1) << "the page stored its values as it closed";
+    EXPECT_TRUE(!IsWindow(pageWindow) && stores == 1) << "the page stored its values as it closed";
     EXPECT_EQ(g_app.currentPage, nullptr);
     EXPECT_EQ(Title(), L"QL Options");
-    EXPECT_TRUE(IsWindow(window_)) << "the first Done only closes the page";
     PumpMessages();
-    EXPECT_EQ(BroadcastListener::received, 0);
+    EXPECT_TRUE(IsWindow(window_) && g_broadcasts == 0) << "the first Done only closes the page";
 
+    work->colour = kNoCategoryColour;
+    home->colour = 0xABCDEF;
+    DeleteFileW(folder_.file(L"QLFilters.txt").c_str());
     g_settings.general.GoofyMode.set(1);
     g_settings.calendar.dNumOfDays.set(7);  // equal to its default: deleted, not written
     SendMessageW(window_, WM_COMMAND, kCommandDone, 0);
     EXPECT_FALSE(IsWindow(window_));
     PumpMessages();
-    EXPECT_EQ(BroadcastListener::received, 1);
-    EXPECT_EQ(BroadcastListener::lastW, 0u);
-    EXPECT_EQ(BroadcastListener::lastL, 0);
-    EXPECT_EQ(ValueNames(kProduct), std::set<std::wstring>{L"GoofyMode"});
-    EXPECT_REG_DWORD(HKEY_CURRENT_USER, kProduct, L"GoofyMode", 1);
-    EXPECT_TRUE(ValueNames(L"Software\\Orvane\\Quillory\\Calendar").empty());
+    EXPECT_EQ(g_broadcasts, 1);
+    EXPECT_EQ(RegValueCount(HKEY_CURRENT_USER, kProductPath), 3u) << "GoofyMode and the two folders";
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, kProductPath, L"GoofyMode", 1);
+    EXPECT_EQ(RegValueCount(HKEY_CURRENT_USER, kCalendarPath), 0u);
+    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kCategories, L"CatColor.work");
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, kCategories, L"CatColor.Home", 0xABCDEF);
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, kCategories, L"CatFilter.Home", 5);
+    EXPECT_EQ(ReadBytes(folder_.file(L"QLFilters.txt")), FiltersFile()) << "the filters file written anew";
 }
 
-TEST_F(MainWindow, CancelAsksAndNoLeavesEverythingYesWritesNothing) {
+TEST_F(MainWindow, ShowsTwelvePagesEnterOpensTheFocusedOneAndTheMenuBarIsTheDevices) {
     Create();
-    BroadcastListener listener;
+    const UINT titleIds[12] = {40220, 40221, 40222, 40981, 41174, 40982, 40223, 40224, 40225, 40227, 40228, 40229};
+    ASSERT_EQ(ListView_GetItemCount(g_app.pageList), 12);
+    for (int i = 0; i < 12; ++i) {
+        wchar_t text[256] = {};
+        LVITEMW item = {LVIF_TEXT | LVIF_IMAGE, i, 0, 0, 0, text, 256};
+        ListView_GetItem(g_app.pageList, &item);
+        EXPECT_EQ(std::make_pair(std::wstring(text), item.iImage), std::make_pair(English(titleIds[i]), i));
+    }
+    EXPECT_NE(ListView_GetImageList(g_app.pageList, LVSIL_NORMAL), nullptr) << "page icons from the display library";
+    ListView_SetItemState(g_app.pageList, 1, LVIS_FOCUSED | LVIS_SELECTED, LVIS_FOCUSED | LVIS_SELECTED);
+    SetFocus(g_app.pageList);
+    SendMessageW(g_app.pageList, WM_KEYDOWN, VK_RETURN, 0);
+    ASSERT_NE(g_app.currentPage, nullptr);
+    EXPECT_TRUE(IsWindowVisible(g_app.currentPage->window()));
+    EXPECT_EQ(Title(), English(40221));
+    SendMessageW(window_, kClosePageMessage, 0, 0);
+    EXPECT_EQ(g_app.currentPage, nullptr);
+    EXPECT_EQ(Title(), L"QL Options");
+
+    HWND bar = g_app.menuBar;
+    ASSERT_EQ(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0), 3) << "the resource's first button gone, Done and Cancel added";
+    TBBUTTON buttons[3] = {};
+    for (int i = 0; i < 3; ++i) SendMessageW(bar, TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&buttons[i]));
+    EXPECT_NE(buttons[0].idCommand, kCommandDone);
+    EXPECT_EQ(std::make_tuple(buttons[1].idCommand, buttons[1].iBitmap, buttons[2].idCommand, buttons[2].iBitmap),
+              std::make_tuple(int(kCommandDone), 1, int(kCommandCancel), 0));
+    HMENU menu = GetSubMenu(reinterpret_cast<HMENU>(SendMessageW(bar, SHCMBM_GETMENU, 0, 0)), 1);
+    HMENU original = LoadMenuW(LoadLibraryW(L"\\Program Files\\Orvane\\Quillory\\LangRes\\QLEngRc.dll"), MAKEINTRESOURCEW(102));
+    EXPECT_EQ(GetMenuItemCount(menu), GetMenuItemCount(GetSubMenu(original, 1)) - 2);
+    for (UINT command : {kCommandAbout, kCommandExport, kCommandImport})
+        EXPECT_NE(GetMenuState(menu, command, MF_BYCOMMAND), static_cast<UINT>(-1)) << command;
+    DestroyMenu(original);
+}
+
+TEST_F(MainWindow, CancelAsksAndNoLeavesEverythingWhileYesWritesNothing) {
+    Create();
     ProbePage* page = OpenProbePage();
     g_settings.general.GoofyMode.set(1);
-    {
-        DialogAnswerer answer(IDNO);
+    for (int answer : {IDNO, IDYES}) {
+        DialogAnswerer answerer(answer);
         SendMessageW(window_, WM_COMMAND, kCommandCancel, 0);
-        ASSERT_TRUE(answer.Wait());
-        EXPECT_EQ(answer.caption(), LoadEnglish(40217));
-        EXPECT_EQ(answer.text(), LoadEnglish(40216));
-    }
-    EXPECT_TRUE(IsWindow(window_));
-    EXPECT_EQ(g_app.currentPage, page);
-    EXPECT_TRUE(IsWindow(page->window()));
-    EXPECT_EQ(Title(), L"Probe");
-
-    SendMessageW(window_, WM_COMMAND, 31337, 0);  // unknown commands are ignored
-    EXPECT_TRUE(IsWindow(window_));
-
-    {
-        DialogAnswerer answer(IDYES);
-        SendMessageW(window_, WM_COMMAND, kCommandCancel, 0);
-        ASSERT_TRUE(answer.Wait());
+        ASSERT_TRUE(answerer.Wait());
+        EXPECT_EQ(answerer.caption() + L"|" + answerer.text(), English(40217) + L"|" + English(40216));
+        if (answer == IDYES) break;
+        SendMessageW(window_, WM_COMMAND, 31337, 0);  // unknown commands are ignored
+        EXPECT_TRUE(IsWindow(window_) && IsWindow(page->window()) && g_app.currentPage == page);
+        EXPECT_EQ(Title(), L"Probe");
     }
     EXPECT_FALSE(IsWindow(window_));
     PumpMessages();
-    EXPECT_EQ(BroadcastListener::received, 0);
-    EXPECT_TRUE(ValueNames(kProduct).empty()) << "Cancel saves nothing";
+    EXPECT_EQ(g_broadcasts, 0);
+    EXPECT_EQ(RegValueCountTree(HKEY_CURRENT_USER, kProductPath), 0u) << "Cancel saves nothing";
     delete g_app.currentPage;  // the program would end here with the page still open
     g_app.currentPage = nullptr;
 }
 
-TEST_F(MainWindow, EnterOnAFocusedIconOpensItsPageAsATapDoes) {
+TEST_F(MainWindow, ExportProposesTodaysNameImportRestoresTheTreeOrRefusesAFileThatIsNoBackup) {
     Create();
-    HWND list = g_app.pageList;
-    LVITEMW focus = {};
-    focus.stateMask = focus.state = LVIS_FOCUSED | LVIS_SELECTED;
-    SendMessageW(list, LVM_SETITEMSTATE, 0, reinterpret_cast<LPARAM>(&focus));
-    SetFocus(list);
-    SendMessageW(list, WM_KEYDOWN, VK_RETURN, 0);
-    SendMessageW(list, WM_KEYUP, VK_RETURN, 0);
-    ASSERT_NE(g_app.currentPage, nullptr) << "Enter opened the focused page";
-    EXPECT_TRUE(IsWindowVisible(g_app.currentPage->window()));
-    EXPECT_EQ(Title(), L"General");
+    RegPutDword(HKEY_CURRENT_USER, kProductPath, L"GoofyMode", 1);
+    RegPutString(HKEY_CURRENT_USER, kCalendarPath, L"MailCustomInboxStr", L"Inbox \"two\"");
+    SetBrowserLastFolder((folder_.path() + L"\\").c_str());
+    WriteBytes(folder_.file(L"notes.qlsb"), Utf16Bytes(L"Just some notes\n"));
+    wchar_t today[32] = {};
+    GetDateFormatW(LOCALE_USER_DEFAULT, 0, nullptr, L"yyyy_MM_dd", today, 32);
+    std::wstring name = L"QL_Backup_" + std::wstring(today) + L".qlsb", path = folder_.path() + L"\\" + name;
+    std::wstring message = RunBackupCommand(kCommandExport, L"Export QL Settings", L"", 40209);
+    EXPECT_NE(message.find(L"\n" + English(40208) + L" \"" + path + L"\"\n"), std::wstring::npos);
+    EXPECT_EQ(proposed_ + L".qlsb", name);
+    EXPECT_EQ(ReadBytes(path).substr(0, 2), std::string("\n\0", 2)) << "UTF-16, first line empty, no byte-order mark";
 
-    SendMessageW(window_, kClosePageMessage, 0, 0);
-    EXPECT_EQ(g_app.currentPage, nullptr);
-    EXPECT_EQ(Title(), L"QL Options");
+    RegPutDword(HKEY_CURRENT_USER, kProductPath, L"GoofyMode", 0);
+    message = RunBackupCommand(kCommandImport, L"Import QL Settings", L"notes.qlsb", 40213);
+    EXPECT_NE(message.find(L"\n" + English(40212) + L"\n"), std::wstring::npos);
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, kProductPath, L"GoofyMode", 0) << "nothing read, nothing deleted";
+    PumpMessages();
+    EXPECT_TRUE(IsWindow(window_) && g_broadcasts == 0) << "export and a failed import keep the program open";
+
+    RegPutDword(HKEY_CURRENT_USER, kProductPath, L"Stray", 5);
+    message = RunBackupCommand(kCommandImport, L"Import QL Settings", name, 40215);
+    EXPECT_NE(message.find(L"\n" + English(40214) + L"\n"), std::wstring::npos);
+    EXPECT_FALSE(IsWindow(window_)) << "a successful import ends the program";
+    PumpMessages();
+    EXPECT_EQ(g_broadcasts, 1);
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, kProductPath, L"GoofyMode", 1);
+    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kProductPath, L"Stray");
+    EXPECT_REG_STRING(HKEY_CURRENT_USER, kCalendarPath, L"MailCustomInboxStr", L"Inbox \"two\"");
 }
 
-struct ScaleCase {
-    int pixelsPerInch;
-    bool vga;
-    int scaled12;
-    const wchar_t* library;
-};
-
 TEST_F(MainWindow, ScalingAndDisplayLibraryFollowTheScreen) {
-    const ScaleCase cases[] = {
+    const struct {
+        int pixelsPerInch;
+        bool vga;
+        int scaled12;
+        const wchar_t* library;
+    } cases[] = {
         {96, false, 12, L"LowDpiRes.dll"},
-        {130, false, 16, L"LowDpiRes.dll"},  // ScaleForDisplay(1) is still 1
-        {192, false, 24, L"HighDpiRes.dll"},
+        {143, false, 18, L"LowDpiRes.dll"},  // ScaleForDisplay(1) is still 1
+        {144, false, 18, L"HighDpiRes.dll"},
         {96, true, 24, L"HighDpiRes.dll"},  // VGA mode doubles whatever the screen
     };
-    for (const ScaleCase& c : cases) {
-        SCOPED_TRACE(c.pixelsPerInch);
-        SCOPED_TRACE(c.vga);
-        RegRemoveTree(HKEY_CURRENT_USER, kProduct);
-        if (c.vga) RegPutDword(HKEY_CURRENT_USER, kProduct, L"MyVgaMode", 1);
-        g_app = AppState();
-        g_app.instance = GetModuleHandleW(nullptr);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(::testing::Message() << c.pixelsPerInch << (c.vga ? " dpi, VGA" : " dpi"));
+        RemoveProductKeys();
+        if (c.vga) RegPutDword(HKEY_CURRENT_USER, kProductPath, L"MyVgaMode", 1);
         Create(c.pixelsPerInch);
         EXPECT_EQ(ScaleForDisplay(12), c.scaled12);
-        EXPECT_EQ(ScaleForDisplay(-2), -ScaleForDisplay(2));
         LOGFONTW font = {};
         GetObjectW(g_app.normalFont, sizeof font, &font);
         EXPECT_EQ(font.lfHeight, c.scaled12);
         wchar_t path[MAX_PATH] = {};
-        ASSERT_NE(g_app.displayLibrary, nullptr);
         GetModuleFileNameW(g_app.displayLibrary, path, MAX_PATH);
-        std::wstring loaded = path;
-        EXPECT_EQ(loaded.substr(loaded.find_last_of(L'\\') + 1), c.library);
+        EXPECT_STREQ(wcsrchr(path, L'\\') + 1, c.library);
         DestroyWindow(window_);
         PumpMessages();
     }
     g_app.vgaMode = false;
     g_app.pixelsPerInchX = 192;
-    EXPECT_EQ(ScaleForDisplay(-2), -4);
+    g_app.pixelsPerInchY = 0;  // not read yet: 96
+    EXPECT_EQ(std::make_tuple(ScaleForDisplay(-2), ScaleForDisplay(1), ScaleForDisplayY(-3), ScaleForDisplayY(1)),
+              std::make_tuple(-4, 2, -3, 1));
 }
 
 }  // namespace

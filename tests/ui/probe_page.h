@@ -4,23 +4,23 @@
 #include <string>
 #include <vector>
 
-#include "support/display_scale.h"
 #include "shell/settings_page.h"
+#include "support/display_scale.h"
 
 class ProbePage : public SettingsPage {
 public:
     std::vector<std::string> log;
-    int sections = 2;
-    bool storedWhileControlsAlive = false;
-    bool storedCheck = false;
-    int storedSelection = -2;
-    int moves = 0;
-    int lastCommandControl = -1;
+    int sections = 2, moves = 0, lastCommandControl = -1, storedSelection = -2;
+    bool storedWhileControlsAlive = false, storedCheck = false;
     int* storeCounter = nullptr;
+    using SettingsPage::IsChecked;
+    using SettingsPage::Selection;
 
     int GetSectionCount() override { return sections; }
     UINT GetSectionTitleId(int index) override { return 40240 + index; }
     int GetControlCount() override { return 8; }
+    // Section 0: a combo row with no selection, a check box and an editable combo row; section 1
+    // a path row.
     void CreateControls(HWND) override {
         static const UINT items[] = {31, 32, 40657};
         int y = ScaleForDisplayY(8);
@@ -30,10 +30,9 @@ public:
         CreateComboRow(6, 7, 40663, items, 3, 1, y, true);
     }
     void ShowSection(HWND, int show) override {
-        int section = CurrentSection();
-        log.push_back((show == SW_HIDE ? "hide " : "show ") + std::to_string(section));
-        if (section == 0) ShowControls(0, 2, show), ShowControls(6, 7, show);
-        if (section == 1) ShowControls(3, 5, show);
+        log.push_back((show == SW_HIDE ? "hide " : "show ") + std::to_string(CurrentSection()));
+        if (CurrentSection() == 0) ShowControls(0, 2, show), ShowControls(6, 7, show);
+        if (CurrentSection() == 1) ShowControls(3, 5, show);
     }
     void StoreValues(HWND) override {
         storedWhileControlsAlive = IsWindow(control(2)) && IsWindow(control(1));
@@ -42,10 +41,7 @@ public:
         log.push_back("store");
         if (storeCounter) ++*storeCounter;
     }
-    LRESULT OnMove(HWND) override {
-        ++moves;
-        return 0;
-    }
+    LRESULT OnMove(HWND) override { return ++moves, 0; }
     LRESULT OnCommand(HWND, UINT, WPARAM, LPARAM lParam) override {
         lastCommandControl = ControlNumberOf(reinterpret_cast<HWND>(lParam));
         return 0;
