@@ -68,7 +68,8 @@ protected:
 TEST_F(ColourPickerTest, SlidersFieldsAndHtmlTruncateAndCheckAtTheirBoundaries) {
     COLORREF result = Run(RGB(1, 254, 255), {
         [&] {
-            EXPECT_EQ((std::vector<LRESULT>{Position(0), Position(1), Position(2)}), (std::vector<LRESULT>{0, 99, 100}));
+            EXPECT_EQ((std::vector<LRESULT>{Position(0), Position(1), Position(2)}),
+                      (std::vector<LRESULT>{0, 99, 100}));
             EXPECT_EQ(Shown(), L"1 254 255 01FEFF ");
             EXPECT_EQ(GetFocus(), Item(kPickerRedSlider));
             Drag(0, 1);
@@ -105,7 +106,8 @@ TEST_F(ColourPickerTest, DefaultCancelAndThePalette) {
     }}), kNoColour);
     for (int cancel : {IDCANCEL, kPickerCancelCommand}) {
         COLORREF colour = RGB(1, 2, 3);
-        ModalScript().Then([&] { return (dialog_ = ModalScript::FindDialog(L"Color")) && (Drag(0, 100), Post(cancel)); })
+        ModalScript()
+            .Then([&] { return (dialog_ = ModalScript::FindDialog(L"Color")) && (Drag(0, 100), Post(cancel)); })
             .Play([&] { EXPECT_FALSE(PickColour(&colour, true)); });
         EXPECT_EQ(colour, RGB(1, 2, 3)) << "the caller keeps its colour";
     }

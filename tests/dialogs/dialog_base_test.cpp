@@ -63,7 +63,8 @@ TEST(DialogBase, OpeningEndsVgaDoublingMakesFontsAndControlsAndOnlyFullScreenTak
                           std::make_tuple(1L, 1L, 1L, 1L)) << "made at (1, 1), 1 x 1, for the layout to place";
             }
             DWORD listBits = LVS_REPORT | LVS_SINGLESEL | LVS_NOCOLUMNHEADER | LVS_NOSORTHEADER | LVS_SHOWSELALWAYS;
-            EXPECT_EQ(StyleOf(probe.controls[0]) & (ES_READONLY | ES_AUTOHSCROLL | WS_TABSTOP), static_cast<DWORD>(ES_READONLY | ES_AUTOHSCROLL | WS_TABSTOP));
+            DWORD editBits = ES_READONLY | ES_AUTOHSCROLL | WS_TABSTOP;
+            EXPECT_EQ(StyleOf(probe.controls[0]) & editBits, editBits);
             EXPECT_EQ(StyleOf(probe.controls[1]) & ES_READONLY, 0u);
             EXPECT_EQ(WindowText(probe.controls[0]), L"read only");
             EXPECT_EQ(StyleOf(probe.controls[2]) & SS_TYPEMASK, static_cast<DWORD>(SS_RIGHT));
@@ -86,7 +87,7 @@ TEST(DialogBase, OpeningEndsVgaDoublingMakesFontsAndControlsAndOnlyFullScreenTak
         EXPECT_EQ(seen.cbSize, kDeviceActivateInfoSize);
         EXPECT_EQ(seen.hwndLastFocus, fullScreen ? probe.controls[1] : nullptr);
         EXPECT_EQ(seen.fActive, fullScreen ? 1u : 0u);
-        EXPECT_EQ(client.right >= ScaleForDisplay(200), fullScreen) << "only a full-screen dialog is sized over the screen";
+        EXPECT_EQ(client.right >= ScaleForDisplay(200), fullScreen) << "only full screen is sized over the screen";
     }
     EXPECT_EQ(ScaleForDisplay(12), screenScaled12) << "the doubling stays off for the rest of the run";
 }

@@ -110,7 +110,9 @@ TEST_F(FileBrowserTest, WalkingThroughFoldersAndOkInLoadFile) {
             return PressOk(b.dialog), true;  // a folder is selected: nothing happens
         },
         [](const BrowserWindows& b) { return PickItem(b.list, -1), PressOk(b.dialog), true; },
-        [](const BrowserWindows& b) { return ActivateItem(b.list, L"Backups"), PickItem(b.list, 2), PressOk(b.dialog), true; },
+        [](const BrowserWindows& b) {
+            return ActivateItem(b.list, L"Backups"), PickItem(b.list, 2), PressOk(b.dialog), true;
+        },
     }));
     EXPECT_EQ(request_.result.c_str(), root_ + L"Backups\\x.qlsb");
     EXPECT_EQ(BrowserLastFolder().c_str(), root_ + L"Backups\\");

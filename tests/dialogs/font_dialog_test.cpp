@@ -50,7 +50,8 @@ TEST(FontDialog, WeightAndSizeRules) {
         }}));
         EXPECT_EQ(font.lfHeight, c.heightAfter);
         EXPECT_EQ(font.lfWeight, c.weightAfter);
-        EXPECT_EQ(std::make_tuple(font.lfItalic, font.lfUnderline, font.lfStrikeOut), std::make_tuple(BYTE(1), BYTE(1), BYTE(0)));
+        EXPECT_EQ(std::make_tuple(font.lfItalic, font.lfUnderline, font.lfStrikeOut),
+                  std::make_tuple(BYTE(1), BYTE(1), BYTE(0)));
     }
 }
 

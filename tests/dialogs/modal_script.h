@@ -63,7 +63,8 @@ private:
         if (!script || script->busy_) return;
         script->busy_ = true;
         if (++script->ticks_ > script->maxTicks_) {
-            if (script->ticks_ == script->maxTicks_ + 1) ADD_FAILURE() << "step " << script->next_ + 1 << " never completed";
+            if (script->ticks_ == script->maxTicks_ + 1)
+                ADD_FAILURE() << "step " << script->next_ + 1 << " never completed";
             for (HWND dialog : ThreadDialogs(nullptr)) EndDialog(dialog, 0);
         } else if (script->next_ < script->steps_.size() && script->steps_[script->next_]()) {
             ++script->next_;

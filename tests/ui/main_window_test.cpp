@@ -18,9 +18,10 @@
 namespace {
 
 const wchar_t kCategories[] = L"Software\\Orvane\\Quillory\\Categories";
+const wchar_t kLanguageLibrary[] = L"\\Program Files\\Orvane\\Quillory\\LangRes\\QLEngRc.dll";
 
 std::wstring English(UINT id) {
-    static HMODULE library = LoadLibraryW(L"\\Program Files\\Orvane\\Quillory\\LangRes\\QLEngRc.dll");
+    static HMODULE library = LoadLibraryW(kLanguageLibrary);
     wchar_t text[1024] = {};
     LoadStringW(library, id, text, 1024);
     return text;
@@ -118,7 +119,8 @@ TEST_F(MainWindow, StartUpLoadsCategoriesAndFiltersAndDoneClosesAPageThenSavesTh
               std::make_tuple(0x123456ul, 0ul, kNoCategoryColour, 5ul));
     int n = 0;
     for (FilterRecord* f = g_filters.head; f; f = f->next, ++n)
-        EXPECT_EQ(std::make_tuple(f->index, std::wstring(f->title.c_str()), f->sensitivity, f->visible, f->includeUncategorized),
+        EXPECT_EQ(std::make_tuple(f->index, std::wstring(f->title.c_str()), f->sensitivity, f->visible,
+                                  f->includeUncategorized),
                   std::make_tuple(n + 1, L"Mine " + std::to_wstring(n), n % 3, n != 5, n == 7));
     EXPECT_EQ(n, 32);
 
@@ -180,7 +182,7 @@ TEST_F(MainWindow, ShowsTwelvePagesEnterOpensTheFocusedOneAndTheMenuBarIsTheDevi
     EXPECT_EQ(std::make_tuple(buttons[1].idCommand, buttons[1].iBitmap, buttons[2].idCommand, buttons[2].iBitmap),
               std::make_tuple(int(kCommandDone), 1, int(kCommandCancel), 0));
     HMENU menu = GetSubMenu(reinterpret_cast<HMENU>(SendMessageW(bar, SHCMBM_GETMENU, 0, 0)), 1);
-    HMENU original = LoadMenuW(LoadLibraryW(L"\\Program Files\\Orvane\\Quillory\\LangRes\\QLEngRc.dll"), MAKEINTRESOURCEW(102));
+    HMENU original = LoadMenuW(LoadLibraryW(kLanguageLibrary), MAKEINTRESOURCEW(102));
     EXPECT_EQ(GetMenuItemCount(menu), GetMenuItemCount(GetSubMenu(original, 1)) - 2);
     for (UINT command : {kCommandAbout, kCommandExport, kCommandImport})
         EXPECT_NE(GetMenuState(menu, command, MF_BYCOMMAND), static_cast<UINT>(-1)) << command;

@@ -26,8 +26,9 @@ protected:
         g_app.instance = GetModuleHandleW(nullptr);
         g_app.pixelsPerInchX = g_app.pixelsPerInchY = 96;
         g_app.languageLibrary = LoadLibraryW((TestBinDir() + L"\\QLEngRc.dll").c_str());
-        owner_ = CreateWindowExW(0, TestWindowClass(L"ProbeOwner", OwnerProc), L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
-                                 10, 10, 260, 340, nullptr, nullptr, g_app.instance, nullptr);
+        owner_ = CreateWindowExW(0, TestWindowClass(L"ProbeOwner", OwnerProc), L"owner",
+                                 WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10, 260, 340, nullptr, nullptr, g_app.instance,
+                                 nullptr);
         g_received.clear();
     }
     void TearDown() override {
