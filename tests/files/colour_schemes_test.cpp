@@ -16,33 +16,31 @@ TEST(ColourSchemesTest, SaveWritesTheLookOnceAndLoadReplacesColoursAndFontsWholl
     MakeDefaultFilters(g_filters);
     AddCategory(g_categories, L"Home", 5, 0xFF);
     RegPutDword(HKEY_CURRENT_USER, kColours, L"ShadowFontColor", 0x123456);
-    RegPutString(HKEY_CURRENT_USER, (kColours + std::wstring(L"\\Extra")).c_str(), L"Name", L"x");
     RegPutDword(HKEY_CURRENT_USER, kFontsPath, L"FontCalTaskslfHeight", 20);
     RegPutDword(HKEY_CURRENT_USER, kCalendarPath, L"dNumOfDays", 3);
     EXPECT_TRUE(ListSchemeFiles().empty()) << "no folder yet";
     ASSERT_EQ(SaveSchemeFile(L"Mine"), SchemeSaveResult::kSaved);
-    const std::string saved = ReadBytes(SchemeFilePath(L"Mine.scm").c_str());
-    EXPECT_EQ(saved, Utf16Bytes(L"\n[Software\\Orvane\\Quillory\\Colors]\n\"ShadowFontColor\"=dword:1193046\n"
-                                L"\n[Software\\Orvane\\Quillory\\Colors\\Extra]\n\"Name\"=\"x\"\n"
-                                L"\n[Software\\Orvane\\Quillory\\Fonts]\n\"FontCalTaskslfHeight\"=dword:20\n"
-                                L"\n[::Categories::]\n\"Category\"=\"Home\"\n\"FiltersFlag\"=dword:5\n\"Color\"=dword:255\n"));
-    RegPutDword(HKEY_CURRENT_USER, kColours, L"ShadowFontColor", 7);
+    EXPECT_EQ(ReadBytes(SchemeFilePath(L"Mine.scm").c_str()),
+              Utf16Bytes(L"\n[Software\\Orvane\\Quillory\\Colors]\n\"ShadowFontColor\"=dword:1193046\n"
+                         L"\n[Software\\Orvane\\Quillory\\Fonts]\n\"FontCalTaskslfHeight\"=dword:20\n"
+                         L"\n[::Categories::]\n\"Category\"=\"Home\"\n\"FiltersFlag\"=dword:5\n\"Color\"=dword:255\n"));
     EXPECT_EQ(SaveSchemeFile(L"Mine"), SchemeSaveResult::kExists);
     EXPECT_EQ(SaveSchemeFile(L""), SchemeSaveResult::kNoName);
-    EXPECT_EQ(ReadBytes(SchemeFilePath(L"Mine.scm").c_str()), saved);
     EXPECT_TRUE(ListSchemeFiles().size() == 1 && ListSchemeFiles()[0].c_str() == std::wstring(L"Mine.scm"));
 
-    WriteBytes(SchemeFilePath(L"NoFonts.scm").c_str(), Utf16Bytes(
+    WriteBytes(SchemeFilePath(L"Look.scm").c_str(), Utf16Bytes(
         L"\n[Software\\Orvane\\Quillory\\Colors]\n\"SeperatorLineClr\"=dword:255\n\n[Software\\Orvane\\Quillory]\n"
-        L"\n[Software\\Orvane\\Quillory\\Calendar]\n\"dNumOfDays\"=dword:9\n\n[]\n\"Root\"=\"x\"\n\n[::Filters::]\n"
+        L"\n[Software\\Orvane\\Quillory\\ColorsX]\n\"X\"=dword:1\n\n[Software\\Orvane\\Quillory\\Fonts\\Sub]\n\"Y\"=dword:2\n"
+        L"\n[Software\\Orvane\\Quillory\\Calendar]\n\"dNumOfDays\"=dword:9\n\n[::Filters::]\n"
         L"\"FilterName\"=\"X\"\n\"Index\"=dword:0\n\"VisibleState\"=dword:0\n\"IncludeUncategorized\"=dword:1\n"
         L"\n[::Categories::]\n\"Category\"=\"Home\"\n\"FiltersFlag\"=dword:2\n\"Color\"=dword:-1\n"));
-    ASSERT_EQ(LoadSchemeFile(L"NoFonts.scm"), SchemeLoadResult::kLoaded);
-    EXPECT_EQ(RegValueCountTree(HKEY_CURRENT_USER, kFontsPath), 0u);
+    ASSERT_EQ(LoadSchemeFile(L"Look.scm"), SchemeLoadResult::kLoaded);
+    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kFontsPath, L"FontCalTaskslfHeight");
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, (kFontsPath + std::wstring(L"\\Sub")).c_str(), L"Y", 2);
+    EXPECT_FALSE(RegKeyExists(HKEY_CURRENT_USER, (kColours + std::wstring(L"X")).c_str()));
     EXPECT_EQ(g_settings.fonts.FontCalTasks.height.value, g_settings.fonts.FontCalTasks.height.defaultValue);
     EXPECT_TRUE(g_settings.colors.SeperatorLineClr.value == 255 && g_settings.colors.ShadowFontColor.value == 0xFFFFFFFF);
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kCalendarPath, L"dNumOfDays", 3);  // other keys are not read
-    EXPECT_FALSE(RegValueExists(HKEY_CURRENT_USER, nullptr, L"Root"));
     EXPECT_TRUE(AreDefaultFilters(g_filters)) << "a scheme carries no filters";
     EXPECT_TRUE(g_categories.head->filterMask == 2 && g_categories.head->colour == 0xFFFFFFFF);
 

@@ -1,6 +1,5 @@
 #pragma once
-// Helpers shared by the settings-files tests and the page tests: building category and filter
-// lists, reading a registry tree back through the API, and decoding file bytes.
+// Helpers of the settings-files tests, also used by page tests: lists, registry read-back, UTF-16.
 #include <windows.h>
 
 #include <map>
@@ -26,7 +25,7 @@ inline FilterRecord* AddFilter(FilterList& list, int index, const wchar_t* title
     return record;
 }
 
-// The 32 default filters: numbered 0 to 31, titled "Filter 1" to "Filter 32", visible, nothing else set.
+// Numbered 0 to 31, titled "Filter 1" to "Filter 32", visible, nothing else set, linked both ways.
 inline bool AreDefaultFilters(const FilterList& filters) {
     int index = 0;
     for (const FilterRecord* r = filters.head; r; r = r->next, ++index)
@@ -36,9 +35,8 @@ inline bool AreDefaultFilters(const FilterList& filters) {
     return index == 32 && filters.count == 32;
 }
 
-// A registry value as read back: its type and raw bytes.
+// Key path (relative to the root, as enumerated) -> value name -> (type, raw bytes).
 using RegValueData = std::pair<DWORD, std::string>;
-// Key path (relative to the root, as enumerated) -> value name -> value.
 using RegSnapshot = std::map<std::wstring, std::map<std::wstring, RegValueData>>;
 
 // Every key and value below root\path, path included.

@@ -1,5 +1,4 @@
-// Seeded malformed files: registry texts keep the lists' lengths and write only keys their own
-// header lines name; filters files give their 32 records or the defaults.
+// Seeded malformed registry texts and filters files, read without harm and only as the design says.
 #include <algorithm>
 #include <cwctype>
 #include <memory>
@@ -12,47 +11,12 @@
 
 namespace {
 
-class Generator {
+// Copies of a text with random cuts, copies, inserted pieces and replaced characters; now and
+// again also a byte-order mark, an odd last byte, or every character narrowed to a byte.
+class Mutator {
 public:
-    explicit Generator(unsigned seed) : random_(seed) {}
+    explicit Mutator(unsigned seed) : random_(seed) {}
 
-    std::string registryText() {
-        static const wchar_t* headers[] = {L"Software\\QLFuzz\\A", L"Software\\QLFuzz\\%s%n\\", L"::Categories::", L"",
-                                           L"Software\\Orvane\\Quillory", L"Software\\Orvane\\Quillory\\Colors",
-                                           L"Software\\Orvane\\Quillory\\Fonts\\Sub", L"::Filters::"};
-        static const wchar_t* names[] = {L"Category", L"FiltersFlag", L"Color", L"FilterName", L"Index"};
-        std::wstring text = pick(10) ? L"\n" : L"";
-        for (int sections = 1 + pick(4); sections > 0; --sections) {
-            text += L"[" + std::wstring(headers[pick(8)]) + L"]\n";
-            for (int lines = pick(12); lines > 0; --lines) {
-                const std::wstring name = L"\"" + (pick(2) ? names[pick(5)] : atom() + atom()) + L"\"=";
-                text += (pick(4) ? name + (pick(2) ? L"\"" + atom() + L"\"" : L"dword:" + atom()) : atom()) + L"\n";
-            }
-            if (pick(8)) text += L"\n";
-        }
-        return mutated(text, 3);
-    }
-
-    std::string filtersFile() {
-        FilterList list;
-        for (int i = 0; i < 32; ++i)
-            AddFilter(list, i, (atom() + atom()).c_str(), pick(2), pick(2), static_cast<int>(random_()));
-        return mutated(WideFromUtf16(FiltersFileBytes(list)), 4);
-    }
-
-private:
-    int pick(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
-
-    std::wstring atom() {
-        static const wchar_t* atoms[] = {L"Name", L"%d", L"%s%n", L"%999999d", L"%.9999s%c", L"%", L"%-5", L"\"=\"",
-                                         L"\"", L"=dword:", L"[FILTER3]", L"]", L"\\", L"\r", L"not_the_same", L"-1",
-                                         L"4294967295", L"\x4E2D\xD800", L"3", L""};
-        const int choice = pick(22);
-        if (choice < 20) return atoms[choice];
-        return choice == 20 ? std::wstring(100 + pick(3000), L'n') : std::wstring(1, static_cast<wchar_t>(1 + pick(0xFFFE)));
-    }
-
-    // Now and again also a byte-order mark, an odd last byte, or every character narrowed to a byte.
     std::string mutated(std::wstring text, int most) {
         for (int n = pick(most + 1); n > 0 && !text.empty(); --n) {
             const size_t at = random_() % text.size();
@@ -70,8 +34,27 @@ private:
         return pick(20) ? bytes : std::string(text.begin(), text.end());
     }
 
+private:
+    int pick(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
+
+    std::wstring atom() {
+        static const wchar_t* atoms[] = {L"\n[Software\\QLFuzz\\%s%n]\n", L"\n[]\n", L"\n[::Filters::]\n", L"%d",
+                                         L"%999999d", L"%.9999s%c", L"%", L"%-5", L"\"=\"", L"\"=dword:", L"[FILTER3]",
+                                         L"\n\"Color\"=dword:", L"not_the_same", L"-1", L"4294967295", L"\x4E2D\xD800"};
+        const int choice = pick(18);
+        if (choice < 16) return atoms[choice];
+        return choice == 16 ? std::wstring(100 + pick(3000), L'n') : std::wstring(1, static_cast<wchar_t>(1 + pick(0xFFFE)));
+    }
+
     std::mt19937 random_;
 };
+
+const wchar_t kBackupText[] =
+    L"\n[Software\\QLFuzz\\A]\n\"Name\"=\"text\"\n\"Number\"=dword:-1\n[Software\\QLFuzz\\B]\n\n[Software\\Orvane\\Quillory]\n"
+    L"\"Text\"=\"100%\"\n\n[Software\\Orvane\\Quillory\\Colors]\n\"%d\"=dword:5\n\n[::Categories::]\n\"Category\"=\"Name\"\n"
+    L"\"FiltersFlag\"=dword:3\n\"Extra\"=dword:1\n\"Color\"=dword:255\n\"Category\"=\"%d\"\n\"FiltersFlag\"=dword:1\n"
+    L"\"Color\"=dword:1\n\n[::Filters::]\n\"FilterName\"=\"F\"\n\"Index\"=dword:3\n\"VisibleState\"=dword:0\n"
+    L"\"IncludeUncategorized\"=dword:1\n\n[Software\\QLFuzz\\A\\Sub]\n\"Same\"=\"not_the_same\"\n";
 
 // A key path as the registry resolves it: case-insensitive, empty components dropped.
 std::wstring NormalKey(const std::wstring& path) {
@@ -114,10 +97,10 @@ TEST(RegistryTextFuzzTest, MalformedTextsKeepTheListsAndWriteOnlyTheKeysTheyName
     FilterList filters;
     MakeDefaultFilters(filters);
     std::set<std::wstring> named;
-    Generator generator(20240517);
+    Mutator mutator(20240517);
     int accepted = 0;
     for (int i = 0; i < 5000; ++i) {
-        const std::string bytes = generator.registryText();
+        const std::string bytes = mutator.mutated(kBackupText, 8);
         CollectHeaderNames(bytes, named);
         Utf16TextReader in(bytes);
         accepted += ReadRegistryTextFile(in, categories, filters);
@@ -136,11 +119,13 @@ TEST(RegistryTextFuzzTest, MalformedTextsKeepTheListsAndWriteOnlyTheKeysTheyName
 }
 
 TEST(FiltersFuzzTest, MalformedFilesGiveTheirRecordsOrTheDefaults) {
-    Generator generator(77031);
+    Mutator mutator(77031);
     FilterList filters;
+    MakeDefaultFilters(filters);
+    const std::wstring defaults = WideFromUtf16(FiltersFileBytes(filters));
     int loaded = 0;
     for (int i = 0; i < 4000; ++i) {
-        const std::string bytes = generator.filtersFile();
+        const std::string bytes = mutator.mutated(defaults, 4);
         const bool ok = LoadFiltersFromBytes(filters, bytes);
         loaded += ok;
         int index = 1;
