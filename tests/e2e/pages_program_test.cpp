@@ -1,67 +1,204 @@
-// The real program, started as a user starts it: the Messages, Special events and PIM pages are
-// picked in the page grid with the keyboard, changed, left with OK, and Done writes exactly the
-// values that changed.
+// The real program, started as a user starts it: pages picked in the page grid with the keyboard,
+// changed through their controls, left with OK, then Done writes exactly what changed, to the
+// registry and to the filters file.
+#include <memory>
+
 #include "common/test_support.h"
 #include "e2e/program_process.h"
 #include "files/files_test_support.h"
+#include "settings/settings_test_util.h"
 
 namespace {
 
-const wchar_t kProduct[] = L"Software\\Orvane\\Quillory";
-const wchar_t kAgendaFusion[] = L"SOFTWARE\\Developer One, Inc.\\Agenda Fusion";
+const wchar_t kDatabase[] = L"C:\\Windows\\Categories Database.cedb";
+const wchar_t kFiltersFile[] = L"C:\\Program Files\\Orvane\\Quillory\\QLFilters.txt";
+const wchar_t kAlphabets[] = L"C:\\Program Files\\Orvane\\Quillory\\CustomAlphabets";
+const wchar_t kNotesFolder[] = L"C:\\QL Notes";
+const std::wstring kProduct = kProductPath, kTabs = kTabsPath;
+const std::wstring kWeather = L"SOFTWARE\\Microsoft\\Today\\Items\\Weather";
 
-// Picks a page in the grid: its title's first letter (repeat count 1, as a key press gives), then
-// Enter. The grid's type-ahead joins letters typed within half a second, hence the pause.
-HWND OpenPage(HWND main, wchar_t letter, const wchar_t* className) {
-    Sleep(600);
-    HWND grid = FindWindowExW(main, nullptr, L"SysListView32", nullptr);
-    PostMessageW(grid, WM_CHAR, letter, 1);
-    PostMessageW(grid, WM_KEYDOWN, VK_RETURN, 0);
-    HWND page = WaitForTopWindow(className, className);
-    return page && WaitForVisible(page) ? page : nullptr;
+RegValueData Dword(DWORD value) { return {REG_DWORD, std::string(reinterpret_cast<char*>(&value), 4)}; }
+RegValueData Text(const std::wstring& text) { return {REG_SZ, Utf16Bytes(text) + std::string(2, '\0')}; }
+void Click(HWND button) { SendMessageW(button, BM_CLICK, 0, 0); }
+void Key(HWND window, WPARAM key) { SendMessageW(window, WM_KEYDOWN, key, 1); }
+
+// A plug-in tab added earlier; one with a DLL also shown.
+void PutPlugInTab(const std::wstring& name, DWORD order, const wchar_t* dll) {
+    std::wstring key = kTabs + L"\\" + name;
+    RegPutDword(HKEY_CURRENT_USER, key.c_str(), L"Order", order);
+    RegPutDword(HKEY_CURRENT_USER, key.c_str(), L"Type", 1);
+    if (!dll) return;
+    RegPutDword(HKEY_CURRENT_USER, key.c_str(), L"Enabled", 1);
+    RegPutString(HKEY_CURRENT_USER, key.c_str(), L"DLL", dll);
 }
 
-HWND PageControl(HWND page, int number) { return GetDlgItem(page, 0x1000 + number); }
+class PagesProgram : public ::testing::Test {
+protected:
+    void SetUp() override {
+        database_ = ReadBytes(kDatabase);  // the prefix's own, put back afterwards
+        TearDown();
+    }
+    void TearDown() override {
+        program_.reset();
+        RemoveProductKeys();
+        RegRemoveTree(HKEY_LOCAL_MACHINE, kWeather.c_str());
+        if (database_.empty()) DeleteFileW(kDatabase);
+        else WriteBytes(kDatabase, database_);
+        DeleteFileW(kFiltersFile);
+        RemoveTree(kAlphabets);
+        RemoveTree(kNotesFolder);
+    }
+    HWND Start() {
+        program_.reset(new ProgramProcess);
+        return main_ = WaitForShown(L"QL_OPTIONS", L"QL Options");
+    }
+    // Done on the grid: save and leave.
+    void Done() {
+        PostMessageW(main_, WM_COMMAND, 1, 0);
+        EXPECT_EQ(program_->WaitExit(15000), 0);
+    }
+    std::string database_;
+    std::unique_ptr<ProgramProcess> program_;
+    HWND main_ = nullptr;
+};
 
-// The title bar's OK: the page stores its values and closes.
-bool PressOk(HWND page) {
-    PostMessageW(page, WM_COMMAND, IDOK, 0);
-    return WaitForGone(page);
-}
-
-TEST(PagesProgram, ThreePagesChangedThenDoneWritesExactlyTheirChanges) {
-    RegRemoveTree(HKEY_CURRENT_USER, kProduct);
-    RegPutDword(HKEY_LOCAL_MACHINE, kAgendaFusion, L"VerMajor", 3);
-    ProgramProcess program;
-    HWND main = WaitForTopWindow(L"QL_OPTIONS", L"QL Options");
-    ASSERT_TRUE(main && WaitForVisible(main));
-
-    HWND messages = OpenPage(main, L'm', L"MessagesSettingsWin");
-    ASSERT_NE(messages, nullptr);
-    SendMessageW(PageControl(messages, 2), BM_CLICK, 0, 0);  // a tap opens the item
-    ASSERT_TRUE(PressOk(messages));
-    HWND events = OpenPage(main, L's', L"SEventsSettingsWin");
-    ASSERT_NE(events, nullptr);
-    SendMessageW(PageControl(events, 1), CB_SETCURSEL, 0, 0);  // events of the next week
-    ASSERT_TRUE(PressOk(events));
-    HWND pim = OpenPage(main, L'p', L"PIMSettingsWin");
-    ASSERT_NE(pim, nullptr);
-    HWND software = PageControl(pim, 1);
+TEST_F(PagesProgram, SixPagesChangedThenDoneWritesExactlyTheirChanges) {
+    RegPutDword(HKEY_LOCAL_MACHINE, kAgendaFusionPath, L"VerMajor", 3);
+    ASSERT_TRUE(Start());
+    HWND page = OpenPage(main_, L"c", L"CalendarSettingsWin");
+    ASSERT_NE(page, nullptr);
+    SendMessageW(PageControl(page, 1), CB_SETCURSEL, 13, 0);  // 14 days
+    Click(PageControl(page, 8));                              // special events shown
+    HWND sections = FindWindowExW(page, nullptr, L"SysTabControl32", nullptr);
+    const int kShownBySection[8] = {1, 10, 11, 12, 28, 13, 14, 15};
+    for (int section = 1; section < 8; ++section) {
+        Key(sections, VK_RIGHT);
+        EXPECT_TRUE(IsWindowVisible(PageControl(page, kShownBySection[section]))) << "section " << section;
+        if (section != 2) continue;
+        Key(PageControl(page, 11), VK_DOWN);  // the first task option...
+        Click(PageControl(page, 19));          // ...tasks in the calendar: off
+    }
+    ASSERT_TRUE(PressOk(page));
+    ASSERT_TRUE(page = OpenPage(main_, L"m", L"MessagesSettingsWin"));
+    Click(PageControl(page, 2));  // a tap opens the item
+    ASSERT_TRUE(PressOk(page));
+    ASSERT_TRUE(page = OpenPage(main_, L"s", L"SEventsSettingsWin"));
+    SendMessageW(PageControl(page, 1), CB_SETCURSEL, 0, 0);  // events of the next week
+    ASSERT_TRUE(PressOk(page));
+    ASSERT_TRUE(page = OpenPage(main_, L"p", L"PIMSettingsWin"));
+    HWND software = PageControl(page, 1);
     ASSERT_EQ(SendMessageW(software, CB_GETCOUNT, 0, 0), 2);
     SendMessageW(software, CB_SETCURSEL, 1, 0);  // Agenda Fusion
-    SendMessageW(pim, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(software), CBN_SELENDOK), reinterpret_cast<LPARAM>(software));
-    ASSERT_TRUE(PressOk(pim));
+    SendMessageW(page, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(software), CBN_SELENDOK), reinterpret_cast<LPARAM>(software));
+    ASSERT_TRUE(PressOk(page));
+    ASSERT_TRUE(page = OpenPage(main_, L"Tas", L"TasksSettingsWin"));
+    SendMessageW(PageControl(page, 3), CB_SETCURSEL, 4, 0);  // tasks up to two weeks ahead
+    Click(PageControl(page, 4));                             // hide completed tasks
+    Click(PageControl(page, 21));                            // my own date format
+    SendMessageW(PageControl(page, 23), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"d MMM"));
+    ASSERT_TRUE(PressOk(page));
+    ASSERT_TRUE(page = OpenPage(main_, L"Fo", L"FontSettingsWin"));
+    SendMessageW(PageControl(page, 3), CB_SETCURSEL, 8, 0);  // titles of 18
+    Click(PageControl(page, 4));                             // advanced
+    ASSERT_TRUE(PressOk(page));
     EXPECT_TRUE(WithoutEmptyKeys(Snapshot(HKEY_CURRENT_USER, kProduct)).empty()) << "nothing before Done";
 
-    PostMessageW(main, WM_COMMAND, 1, 0);
-    EXPECT_EQ(program.WaitExit(15000), 0);
-    auto dword = [](DWORD value) { return RegValueData{REG_DWORD, std::string(reinterpret_cast<char*>(&value), 4)}; };
-    RegSnapshot expected = {{std::wstring(kProduct) + L"\\Messages", {{L"MsgsOpenOnClick", dword(1)}}},
-                            {std::wstring(kProduct) + L"\\SEvents", {{L"SEventDays", dword(0)}}},
-                            {std::wstring(kProduct) + L"\\CustomPIM", {{L"PimSw", dword(2)}}}};
+    Done();
+    RegSnapshot expected = {
+        {kProduct + L"\\Calendar", {{L"IncldTasksInCR", Dword(0)}, {L"SEventsOnClr", Dword(1)}, {L"dNumOfDays", Dword(14)}}},
+        {kProduct + L"\\Messages", {{L"MsgsOpenOnClick", Dword(1)}}},
+        {kProduct + L"\\SEvents", {{L"SEventDays", Dword(0)}}},
+        {kProduct + L"\\CustomPIM", {{L"PimSw", Dword(2)}}},
+        {kProduct + L"\\Tasks", {{L"TsksLimitFutureDate", Dword(4)}, {L"HideCompletedTasks", Dword(1)},
+                                 {L"UseCustomDateTsks", Dword(1)}, {L"CustomDateFrmtStart", Text(L"d MMM")}}},
+        {kProduct + L"\\Fonts", {{L"FontGnrlUseAdvncd", Dword(1)}, {L"FontGnrlTitlesSize", Dword(18)}}}};
     EXPECT_EQ(WithoutEmptyKeys(Snapshot(HKEY_CURRENT_USER, kProduct)), expected);
-    RegRemoveTree(HKEY_CURRENT_USER, kProduct);
-    RegRemoveTree(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Developer One, Inc.");
+}
+
+TEST_F(PagesProgram, CategoriesTabsContactsAndNotesChangesReachTheRegistryAndTheFiltersFileOnDone) {
+    WriteBytes(kDatabase, "4001001F=Work\t40020002=1\n4001001F=Home\t40020002=2\n");
+    RegPutDword(HKEY_CURRENT_USER, kProductPath, L"FilterMethodToUse", 1);
+    PutPlugInTab(L"OldNews", 7, L"old.dll"), PutPlugInTab(L"Stale", 8, nullptr);
+    RegPutDword(HKEY_CURRENT_USER, (kTabs + L"\\OldNews").c_str(), L"Extra", 5);  // lost when rebuilt
+    RegPutDword(HKEY_CURRENT_USER, (kTabs + L"\\Contacts").c_str(), L"Kept", 5);
+    RegPutDword(HKEY_LOCAL_MACHINE, kWeather.c_str(), L"Type", 4);
+    RegPutString(HKEY_LOCAL_MACHINE, kWeather.c_str(), L"DLL", L"weather.dll");
+    CreateDirectoryW(kAlphabets, nullptr);
+    WriteBytes(std::wstring(kAlphabets) + L"\\Thai.txt", Utf16Bytes(L"ABC"));
+    CreateDirectoryW(kNotesFolder, nullptr);
+    ASSERT_TRUE(Start());
+
+    HWND page = OpenPage(main_, L"cat", L"CategorySettingsWin");
+    ASSERT_NE(page, nullptr);
+    HWND sections = FindWindowExW(page, nullptr, L"SysTabControl32", nullptr);
+    Key(sections, VK_RIGHT);  // the categories: Home is the first row, coloured from the palette
+    Key(PageControl(page, 1), VK_HOME);
+    PostMessageW(PageControl(page, 3), BM_CLICK, 0, 0);
+    HWND picker = WaitForShown(L"#32770", L"Color");
+    ASSERT_NE(picker, nullptr);
+    SendMessageW(picker, WM_COMMAND, 1024, 0);
+    Click(GetDlgItem(picker, 27));  // #FF6633
+    ASSERT_TRUE(PressOk(picker));
+    Key(sections, VK_RIGHT);  // the filters, at entry 0: with the default filters, "Filter 2"
+    Click(PageControl(page, 11));  // every category in
+    Click(PageControl(page, 7));   // not visible
+    ASSERT_TRUE(PressOk(page));
+
+    ASSERT_TRUE(page = OpenPage(main_, L"Tab", L"TabsSettingsWin"));
+    Key(PageControl(page, 0), VK_HOME);   // Tasks, the first row...
+    Key(PageControl(page, 0), VK_SPACE);  // ...hidden...
+    Click(PageControl(page, 2));          // ...and moved down
+    Key(PageControl(page, 0), VK_END);    // Stale, the last row, removed
+    Click(PageControl(page, 4));
+    PostMessageW(PageControl(page, 3), BM_CLICK, 0, 0);  // Weather added
+    HWND chooser = WaitForShown(L"#32770", L"Today Plug-in"), question;
+    ASSERT_NE(chooser, nullptr);
+    PostMessageW(chooser, WM_COMMAND, IDOK, 0);
+    ASSERT_TRUE(question = WaitForShown(L"#32770", L"Add Tab"));
+    PostMessageW(question, WM_COMMAND, IDYES, 0);
+    EXPECT_TRUE(WaitForGone(chooser));
+    ASSERT_TRUE(PressOk(page));
+
+    ASSERT_TRUE(page = OpenPage(main_, L"con", L"ContactSettingsWin"));
+    HWND searchBar = PageControl(page, 1);
+    SendMessageW(searchBar, CB_SETCURSEL, SendMessageW(searchBar, CB_GETCOUNT, 0, 0) - 1, 0);  // choose alphabets
+    PostMessageW(page, WM_COMMAND, MAKEWPARAM(0x1001, CBN_SELCHANGE), reinterpret_cast<LPARAM>(searchBar));
+    HWND alphabets = WaitForShown(L"#32770", L"Alphabets");
+    ASSERT_NE(alphabets, nullptr);
+    Key(GetDlgItem(alphabets, 1002), VK_END), Key(GetDlgItem(alphabets, 1002), VK_SPACE);  // ticks Thai
+    ASSERT_TRUE(PressOk(alphabets) && PressOk(page));
+
+    ASSERT_TRUE(page = OpenPage(main_, L"n", L"NotesSettingsWin"));
+    PostMessageW(page, WM_COMMAND, MAKEWPARAM(0x1000 + 17, BN_CLICKED), reinterpret_cast<LPARAM>(PageControl(page, 17)));
+    HWND browser = WaitForShown(L"#32770", L"Add Notes Folder");
+    ASSERT_NE(browser, nullptr);
+    SendMessageW(GetDlgItem(browser, 1004), WM_CHAR, L'Q', 1);  // opens "QL Notes" in the drive's root
+    Key(GetDlgItem(browser, 1004), VK_RETURN);
+    ASSERT_TRUE(PressOk(browser) && PressOk(page));
+
+    Done();
+    const std::wstring look = kProduct + L"\\Categories", contacts = kProduct + L"\\Contacts";
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, look.c_str(), L"CatColor.Home", RGB(0xFF, 0x66, 0x33));
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, look.c_str(), L"CatFilter.Home", 1);
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, look.c_str(), L"CatFilter.Work", 1);
+    std::wstring filters = WideFromUtf16(ReadBytes(kFiltersFile));
+    EXPECT_NE(filters.find(L"[FILTER1]\r\n\"Title\"=\"Filter 2\"\r\n\"Sensitivity\"=dword:0\r\n\"Visible\"=dword:0\r\n"),
+              std::wstring::npos);
+    EXPECT_NE(filters.find(L"[FILTER31]\r\n\"Title\"=\"Filter 32\""), std::wstring::npos);
+    for (const auto& value : {std::make_pair(L"TasksTabEnabled", 0), {L"NotesTabOrder", 2}, {L"TasksTabOrder", 3}})
+        EXPECT_REG_DWORD(HKEY_CURRENT_USER, kTabsPath, value.first, value.second);
+    for (const auto& value : {std::make_pair(L"Order", 8), {L"Type", 1}, {L"Enabled", 1}})
+        EXPECT_REG_DWORD(HKEY_CURRENT_USER, (kTabs + L"\\Weather").c_str(), value.first, value.second);
+    EXPECT_REG_STRING(HKEY_CURRENT_USER, (kTabs + L"\\Weather").c_str(), L"DLL", L"weather.dll");
+    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, (kTabs + L"\\OldNews").c_str(), L"Extra") << "the tabs are rebuilt";
+    EXPECT_FALSE(RegKeyExists(HKEY_CURRENT_USER, (kTabs + L"\\Stale").c_str()));
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, (kTabs + L"\\Contacts").c_str(), L"Kept", 5);
+    EXPECT_REG_DWORD(HKEY_LOCAL_MACHINE, kWeather.c_str(), L"Enabled", 0) << "confirmed with Yes";
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, contacts.c_str(), L"CntctsActiveLanguages", 1 + 16);
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, contacts.c_str(), L"CntctsActiveSearchBar", 0) << "the first entry, then";
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, (contacts + L"\\Alphabets").c_str(), L"Thai", 1);
+    EXPECT_REG_STRING(HKEY_CURRENT_USER, (kProduct + L"\\Notes\\Folders").c_str(), L"0", L"\\QL Notes");
+    EXPECT_EQ(RegValueCountTree(HKEY_CURRENT_USER, kProduct), 20u) << "those above, the seeded switch, nothing else";
 }
 
 }  // namespace

@@ -23,7 +23,6 @@ public:
     }
     ProgramProcess(const ProgramProcess&) = delete;
     ProgramProcess& operator=(const ProgramProcess&) = delete;
-    bool started() const { return started_; }
     DWORD id() const { return process_.dwProcessId; }
     // Exit code once the process ended within `ms`, or -1.
     long WaitExit(DWORD ms) {
@@ -40,27 +39,40 @@ private:
 
 // Polls for a top-level window of `className` (any class when null) titled `title` (any when null).
 inline HWND WaitForTopWindow(const wchar_t* className, const wchar_t* title, DWORD ms = 20000) {
-    DWORD start = GetTickCount();
-    do {
+    for (DWORD start = GetTickCount(); GetTickCount() - start < ms; Sleep(50))
         if (HWND window = FindWindowW(className, title)) return window;
-        Sleep(50);
-    } while (GetTickCount() - start < ms);
     return nullptr;
 }
 
 // Polls until the window is visible (true) or gone (false).
 inline bool WaitForVisible(HWND window, DWORD ms = 10000) {
-    DWORD start = GetTickCount();
-    while (!IsWindowVisible(window)) {
+    for (DWORD start = GetTickCount(); !IsWindowVisible(window); Sleep(50))
         if (!IsWindow(window) || GetTickCount() - start > ms) return false;
-        Sleep(50);
-    }
     return true;
 }
 
-// Polls until the window is destroyed.
 inline bool WaitForGone(HWND window, DWORD ms = 10000) {
-    DWORD start = GetTickCount();
-    while (IsWindow(window) && GetTickCount() - start < ms) Sleep(50);
+    for (DWORD start = GetTickCount(); IsWindow(window) && GetTickCount() - start < ms;) Sleep(50);
     return !IsWindow(window);
 }
+
+// The window `className` once it is up and visible, or null.
+inline HWND WaitForShown(const wchar_t* className, const wchar_t* title = nullptr) {
+    HWND window = WaitForTopWindow(className, title);
+    return window && WaitForVisible(window) ? window : nullptr;
+}
+
+// Picks a page in the grid by typing the start of its title (key presses of repeat count 1), then
+// Enter. The grid's type-ahead joins letters typed within half a second of the last, hence the pause.
+inline HWND OpenPage(HWND main, const wchar_t* typed, const wchar_t* className) {
+    Sleep(600);
+    HWND grid = FindWindowExW(main, nullptr, L"SysListView32", nullptr);
+    for (const wchar_t* letter = typed; *letter; ++letter) PostMessageW(grid, WM_CHAR, *letter, 1);
+    PostMessageW(grid, WM_KEYDOWN, VK_RETURN, 1);
+    return WaitForShown(className);
+}
+
+inline HWND PageControl(HWND page, int number) { return GetDlgItem(page, 0x1000 + number); }
+
+// A page's or dialog's OK: it stores its values and closes.
+inline bool PressOk(HWND window) { return PostMessageW(window, WM_COMMAND, IDOK, 0) && WaitForGone(window); }

@@ -2,16 +2,15 @@
 // interplay of section 4, the layout arrows, the refusals and the values round trip.
 #include <algorithm>
 
-#include "dialogs/browser_steps.h"
-#include "pages/calendar_page.h"
 #include "page_fixture.h"
+#include "pages/calendar_page.h"
+#include "support/display_scale.h"
 
 namespace {
 
-enum { kDays = 1, kHideEmpty = 6, kHideEmptyLine = 7, kTip = 16, kCombo = 18, kCheck = 19, kMailApp = 20,
-       kBrowse = 22, kFirstList = 10 };
+enum { kDays = 1, kHideEmpty = 6, kHideEmptyLine = 7, kTip = 16, kCombo = 18, kCheck = 19,
+       kFirstList = 10 };
 const int kListSections[] = {1, 2, 3, 5, 6, 7};
-const wchar_t kMonthCaption[] = L"Month Calendar";
 
 class CalendarPage : public PageFixture {
 protected:
@@ -19,58 +18,83 @@ protected:
         PageFixture::Open(1);
         return static_cast<CalendarSettingsWin*>(page_);
     }
-    void Section(int index) {
-        NMHDR header = {page_->sectionTabs(), 0, static_cast<UINT>(TCN_SELCHANGING)};
-        SendMessageW(page_->window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header));
-        SendMessageW(page_->sectionTabs(), TCM_SETCURSEL, index, 0);
-        header.code = static_cast<UINT>(TCN_SELCHANGE);
-        SendMessageW(page_->window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header));
-    }
     // A tap on row `row` of the option list of `section` (which is then shown).
     void Row(int section, int row) {
-        if (page_->CurrentSection() != section) Section(section);
-        HWND list = Control(kFirstList + static_cast<int>(std::find(kListSections, kListSections + 6, section) -
-                                                          kListSections));
-        ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+        if (page_->CurrentSection() != section) ShowSection(section);
+        int list = static_cast<int>(std::find(kListSections, kListSections + 6, section) - kListSections);
+        ListView_SetItemState(Control(kFirstList + list), row, LVIS_SELECTED | LVIS_FOCUSED,
+                              LVIS_SELECTED | LVIS_FOCUSED);
     }
     void Tick(bool ticked) { SendMessageW(Control(kCheck), BM_SETCHECK, ticked ? BST_CHECKED : BST_UNCHECKED, 0); }
-    std::wstring Text(int number) { return WindowText(Control(number)); }
     CalendarSettings& calendar = g_settings.calendar;
 };
 
-TEST_F(CalendarPage, GeneralRowsAndTwoQuickChangesInOneList) {
-    RegPutDword(HKEY_CURRENT_USER, kCalendarPath, L"dNumOfDays", 30);
-    Open();
+TEST_F(CalendarPage, OptionsAreStoredWhenTheirRowLosesTheSelectionAndOddValuesFallBackOrAreRefused) {
+    PutDwords(kCalendarPath, {{L"dNumOfDays", 30}, {L"ApptDisplayFormat", 1}, {L"MonthlyPopIconsSize", 99}});
+    RegPutDword(HKEY_CURRENT_USER, kProductPath, L"dHeightLimit", 100);
+    CalendarSettingsWin* page = Open();
     EXPECT_EQ(Text(kDays), L"30");
     EXPECT_FALSE(Enabled(kHideEmptyLine)) << "greyed while empty days are hidden";
-    SendMessageW(Control(kHideEmpty), BM_CLICK, 0, 0);
+    Click(kHideEmpty);
     EXPECT_TRUE(Enabled(kHideEmptyLine));
     Choose(kDays, 0);
-
     Row(2, 0);  // a check: tasks in the calendar, ticked by default
     Tick(false);
-    Row(2, 4);  // the row that loses the selection is stored before the next one shows
-    EXPECT_EQ(calendar.IncldTasksInCR.value, 0u);
+    Row(2, 4);
+    EXPECT_EQ(calendar.IncldTasksInCR.value, 0u) << "stored before the next row shows";
     Choose(kCombo, 2);
     Row(2, 9);
-    EXPECT_EQ(Entries(kCombo).size(), 5u) << "today's date in five forms";
     Choose(kCombo, 3);
+    ShowSection(4);
+    auto tap = [&](int x) { SendMessageW(page->window(), WM_LBUTTONDOWN, 0, MAKELPARAM(x, page->previewTop() + 6)); };
+    tap(10);
+    EXPECT_EQ(calendar.ApptDisplayFormat.value, 12u) << "left of 1: wraps to the last layout";
+    tap(20);
+    EXPECT_EQ(calendar.ApptDisplayFormat.value, 1u);
+    Row(5, 7);
+    EXPECT_EQ(Entries(kCombo).size(), 9u);
+    EXPECT_EQ(Selected(kCombo), -1) << "99 matches no size";
+    Row(5, 9);
+    EXPECT_NE(Text(kTip).find(L"200"), std::wstring::npos) << "pinning needs a height of 200";
+    Tick(true);
+    std::wstring message;
+    ModalScript().Then([&] {
+        HWND box = ModalScript::FindDialog(L"Month Calendar");
+        if (box) message = StaticTexts(box), PostMessageW(box, WM_COMMAND, IDOK, 0);
+        return box != nullptr;
+    }).Play([&] { Row(5, 0); });
+    EXPECT_NE(message.find(L"200"), std::wstring::npos);
+    wchar_t time[4] = {};  // the day end hours follow the locale's clock
+    GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_ITIME, time, 4);
+    for (const wchar_t* marker : {L"0", L"1"}) {
+        SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_ITIME, marker);
+        Row(7, 0), Row(7, 2);
+        EXPECT_EQ(Entries(kCombo).size() == 9 ? Entries(kCombo)[8] : L"", marker[0] == L'0' ? L"8:00 AM" : L"8:00");
+    }
+    SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_ITIME, time);
     Close();
+    EXPECT_EQ(calendar.PinnedMonthlyClr.value, 0u) << "refused: stored as 0";
     EXPECT_EQ(calendar.dNumOfDays.value, 1u);
     EXPECT_EQ(calendar.HideEmptyGroups.value, 0u);
     EXPECT_EQ(calendar.DatesToIncldCmpltdTsksOnClr.value, 2u);
     EXPECT_EQ(calendar.DueDateTsksDateFrmt.value, 3u) << "the open option is stored on closing";
+    EXPECT_EQ(calendar.MonthlyPopIconsSize.value, 0xFFFFFFFFu) << "no selection";
+
+    const DWORD stored[6] = {5, 9, 3, 0xFFFFFFFF, 1, 0}, expected[6] = {5, 1, 3, 3, 1, 0};
+    for (int i = 0; i < 6; ++i) calendar.CalTitlesOrder[i].value = stored[i];  // past the loader's repair
+    page_ = CreatePage(owner_, 1);
+    Close();
+    for (int i = 0; i < 6; ++i) EXPECT_EQ(calendar.CalTitlesOrder[i].value, expected[i]) << "title order " << i;
 }
 
 TEST_F(CalendarPage, AnIconIsEitherLeftOrRightNeverBoth) {
     CalendarSettingsWin* page = Open();
-    Section(4);
+    ShowSection(4);
     IconMarkerStrip& appointmentRight = page->strip(5);
     page->strip(1).ChooseMarker(1);  // left icon 1: reminder (flag 2), which is shown at the right
     EXPECT_EQ(calendar.ApptLeftAlignIcon1.value, 2u);
     EXPECT_EQ(calendar.ClrApptRightIcons.value, 477u) << "479 less 2, stored at once";
     EXPECT_EQ(appointmentRight.IndexOfValue(1), -1);
-
     page->strip(2).ChooseMarker(1);  // left icon 2 the same icon, then left icon 1 another
     page->strip(1).ChooseMarker(0);
     EXPECT_EQ(calendar.ClrApptRightIcons.value, 476u);
@@ -80,119 +104,34 @@ TEST_F(CalendarPage, AnIconIsEitherLeftOrRightNeverBoth) {
     int reminder = appointmentRight.IndexOfValue(1);
     ASSERT_GE(reminder, 0) << "back among the right-icon choices";
     EXPECT_EQ(appointmentRight.stateAt(reminder), kMarkerOff);
-
     appointmentRight.Tap(reminder * ScaleForDisplay(16) + 1, 1);  // and the other way: chosen at the right
     EXPECT_EQ(calendar.ClrApptRightIcons.value, 478u);
     EXPECT_GE(page->strip(6).IndexOfValue(5), 0) << "tasks offer high priority where appointments offer meetings";
     EXPECT_EQ(page->strip(6).IndexOfValue(7), -1);
 }
 
-TEST_F(CalendarPage, LayoutArrowsWrapAndAnIconSizeOffTheList) {
-    RegPutDword(HKEY_CURRENT_USER, kCalendarPath, L"ApptDisplayFormat", 1);
-    RegPutDword(HKEY_CURRENT_USER, kCalendarPath, L"MonthlyPopIconsSize", 99);
-    CalendarSettingsWin* page = Open();
-    Section(4);
-    auto tap = [&](int x) {
-        SendMessageW(page->window(), WM_LBUTTONDOWN, 0, MAKELPARAM(ScaleForDisplay(x), page->previewTop() + 6));
-    };
-    tap(10);
-    EXPECT_EQ(calendar.ApptDisplayFormat.value, 12u);
-    tap(20);
-    EXPECT_EQ(calendar.ApptDisplayFormat.value, 1u);
-    Row(5, 7);
-    EXPECT_EQ(Entries(kCombo).size(), 9u);
-    EXPECT_EQ(Selected(kCombo), -1) << "99 matches no size";
-    Close();
-    EXPECT_EQ(calendar.MonthlyPopIconsSize.value, 0xFFFFFFFFu);
-}
-
-TEST_F(CalendarPage, TitleOrderOutOfRangeFallsBackPerRow) {
-    Open();
-    Close();
-    const DWORD stored[6] = {5, 9, 3, 0xFFFFFFFF, 1, 0};  // past the loader's repair, as a page may meet them
-    for (int i = 0; i < 6; ++i) calendar.CalTitlesOrder[i].value = stored[i];
-    page_ = CreatePage(owner_, 1);
-    Close();
-    const DWORD expected[6] = {5, 1, 3, 3, 1, 0};
-    for (int i = 0; i < 6; ++i) EXPECT_EQ(calendar.CalTitlesOrder[i].value, expected[i]) << i;
-}
-
-TEST_F(CalendarPage, PinnedRefusalDayEndHoursAndTheMailProgram) {
-    RegPutDword(HKEY_CURRENT_USER, kProductPath, L"dHeightLimit", 100);
-    Open();
-    Row(5, 9);
-    EXPECT_NE(Text(kTip).find(L"200"), std::wstring::npos);
-    Tick(true);
-    ModalScript refusal;
-    std::wstring message;
-    refusal.Then([&] {
-        HWND box = ModalScript::FindDialog(kMonthCaption);
-        if (box) message = StaticTexts(box), PostMessageW(box, WM_COMMAND, IDOK, 0);
-        return box != nullptr;
-    });
-    refusal.Play([&] { Row(5, 0); });
-    EXPECT_NE(message.find(L"200"), std::wstring::npos);
-    EXPECT_EQ(calendar.PinnedMonthlyClr.value, 0u) << "stored as 0 instead";
-
-    wchar_t time[4] = {};
-    GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_ITIME, time, 4);
-    for (const wchar_t* marker : {L"0", L"1"}) {
-        SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_ITIME, marker);
-        Row(7, 0);
-        Row(7, 2);
-        std::vector<std::wstring> hours = Entries(kCombo);
-        ASSERT_EQ(hours.size(), 9u);
-        EXPECT_EQ(hours[8], marker[0] == L'0' ? L"8:00 AM" : L"8:00");
-    }
-    SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_ITIME, time);
-
-    ScratchFolder folder(L"calendar_mail");
-    WriteBytes(folder.file(L"mail.exe"), "MZ");
-    WriteBytes(folder.file(L"notes.txt"), "x");
-    SetBrowserLastFolder(folder.path().c_str());
-    Row(6, 4);
-    ModalScript browse;
-    browse.Then([&] {
-        BrowserWindows browser = FindBrowser(L"Custom Mail App.");
-        if (!browser.dialog) return false;
-        EXPECT_EQ(ListTexts(browser.list), std::vector<std::wstring>{L"mail.exe"});
-        PickItem(browser.list, 0);
-        PressOk(browser.dialog);
-        return true;
-    });
-    browse.Play([&] { SendMessageW(Control(kBrowse), BM_CLICK, 0, 0); });
-    Close();
-    EXPECT_EQ(std::wstring(calendar.MailCustomInboxStr.c_str()), folder.file(L"mail.exe"));
-}
-
-// Every option shown and stored again, every section shown: nothing changes in the registry.
 TEST_F(CalendarPage, ValuesRoundTripAndBadValuesAreStoredAsShown) {
-    const std::pair<const wchar_t*, DWORD> seeded[] = {
-        {L"dNumOfDays", 14}, {L"FirstWeekInYear", 2}, {L"HideEmptyGroups", 0}, {L"HideEmptyGroupsItem", 1},
-        {L"Conflicting", 2}, {L"FutureLimitTsksOnClr", 7}, {L"DueDateTsksDateFrmt", 4}, {L"DayTtlFrmt", 6},
-        {L"TimelinesStart", 18}, {L"TimelinesLength", 0}, {L"TimelinesVertZ", 2}, {L"MonthlyStartDay", 2},
-        {L"MonthlyPopIconsSize", 14}, {L"PinnedMonthlyClr", 1}, {L"HumanTime", 8}, {L"CalTitlesOrder0", 1},
-        {L"CalTitlesOrder1", 0}, {L"ApptDisplayFormat", 9}, {L"ClrApptRightIcons", 3}, {L"ShowMailCounterOnTtl", 0}};
-    for (const auto& value : seeded) RegPutDword(HKEY_CURRENT_USER, kCalendarPath, value.first, value.second);
+    PutDwords(kCalendarPath,
+              {{L"dNumOfDays", 14}, {L"FirstWeekInYear", 2}, {L"HideEmptyGroups", 0}, {L"HideEmptyGroupsItem", 1},
+               {L"Conflicting", 2}, {L"FutureLimitTsksOnClr", 7}, {L"DueDateTsksDateFrmt", 4}, {L"DayTtlFrmt", 6},
+               {L"TimelinesStart", 18}, {L"TimelinesLength", 0}, {L"TimelinesVertZ", 2}, {L"MonthlyStartDay", 2},
+               {L"MonthlyPopIconsSize", 14}, {L"PinnedMonthlyClr", 1}, {L"HumanTime", 8}, {L"CalTitlesOrder0", 1},
+               {L"CalTitlesOrder1", 0}, {L"ApptDisplayFormat", 9}, {L"ClrApptRightIcons", 3},
+               {L"ShowMailCounterOnTtl", 0}});
     RegPutString(HKEY_CURRENT_USER, kCalendarPath, L"CustomDayttlFrmtDefault", L"dddd d");
     RegPutDword(HKEY_CURRENT_USER, kProductPath, L"dHeightLimit", 240);
-    auto visitEverything = [&] {
-        Open();
+    auto visitEveryRow = [&] {
         for (int s = 0; s < 6; ++s)
             for (int row = 0; row < ListView_GetItemCount(Control(kFirstList + s)); ++row) Row(kListSections[s], row);
-        ShowEverySectionCloseAndSave();
     };
-    visitEverything();
-    for (const auto& value : seeded) EXPECT_REG_DWORD(HKEY_CURRENT_USER, kCalendarPath, value.first, value.second);
-    EXPECT_REG_STRING(HKEY_CURRENT_USER, kCalendarPath, L"CustomDayttlFrmtDefault", L"dddd d");
-    EXPECT_EQ(RegValueCount(HKEY_CURRENT_USER, kCalendarPath), 21u);
+    EXPECT_TRUE(RoundTripKeeps(1, kProductPath, L"", visitEveryRow)) << "every row shown and left";
+    EXPECT_TRUE(RoundTripKeeps(1));
 
     // Values outside their lists: no selection, stored as the selection reads back.
-    RegPutDword(HKEY_CURRENT_USER, kCalendarPath, L"TimelinesHorZ", 0x80000000);
-    RegPutDword(HKEY_CURRENT_USER, kCalendarPath, L"FirstWeekInYear", 0xFFFFFFFF);
+    PutDwords(kCalendarPath, {{L"TimelinesHorZ", 0x80000000}, {L"FirstWeekInYear", 0xFFFFFFFF},
+                              {L"IncludeYearlyCounters", 77}});
     RegPutString(HKEY_CURRENT_USER, kCalendarPath, L"MailTitleFormat", L"a");  // read as 97
-    RegPutDword(HKEY_CURRENT_USER, kCalendarPath, L"IncludeYearlyCounters", 77);
-    visitEverything();
+    RoundTripKeeps(1, kProductPath, L"", visitEveryRow);
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kCalendarPath, L"TimelinesHorZ", 0);
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kCalendarPath, L"FirstWeekInYear", 0xFFFFFFFF);
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kCalendarPath, L"MailTitleFormat", 0xFFFFFFFF);

@@ -4,15 +4,27 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <functional>
+#include <initializer_list>
+#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "dialogs/modal_script.h"
 #include "files/files_test_support.h"
 #include "settings/settings_test_util.h"
 #include "shell/application.h"
 #include "shell/page_factory.h"
 #include "shell/settings_page.h"
 #include "support/app_state.h"
+
+using Texts = std::vector<std::wstring>;
+using DwordSeeds = std::initializer_list<std::pair<const wchar_t*, DWORD>>;
+
+inline void PutDwords(const wchar_t* path, DwordSeeds values, HKEY root = HKEY_CURRENT_USER) {
+    for (const auto& value : values) RegPutDword(root, path, value.first, value.second);
+}
 
 class PageFixture : public ::testing::Test {
 protected:
@@ -35,8 +47,9 @@ protected:
         RemoveProductKeys();
     }
     // Loads the record from the registry as it stands, with the English texts, and opens the page.
-    void Open(int index) {
+    void Open(int index, const std::wstring& productFolder = L"") {
         LoadSettings();
+        if (!productFolder.empty()) g_settings.productFolder.assign(productFolder.c_str());
         if (!g_app.languageLibrary) g_app.languageLibrary = LoadLibraryW((TestBinDir() + L"\\QLEngRc.dll").c_str());
         page_ = CreatePage(owner_, index);
         ASSERT_TRUE(page_ && page_->window());
@@ -46,36 +59,68 @@ protected:
         delete page_;
         page_ = nullptr;
     }
-    // Shows every section in turn, as taps on the section tabs do, then leaves and saves.
+    // A tap on section tab `section`: the page hears the change coming and then the change.
+    void ShowSection(int section) {
+        NMHDR header = {page_->sectionTabs(), 0, static_cast<UINT>(TCN_SELCHANGING)};
+        SendMessageW(page_->window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header));
+        SendMessageW(page_->sectionTabs(), TCM_SETCURSEL, section, 0);
+        header.code = static_cast<UINT>(TCN_SELCHANGE);
+        SendMessageW(page_->window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header));
+    }
     void ShowEverySectionCloseAndSave() {
         int sections = static_cast<int>(SendMessageW(page_->sectionTabs(), TCM_GETITEMCOUNT, 0, 0));
-        for (int section = 1; section < sections; ++section) {
-            NMHDR header = {page_->sectionTabs(), 0, static_cast<UINT>(TCN_SELCHANGING)};
-            SendMessageW(page_->window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header));
-            SendMessageW(page_->sectionTabs(), TCM_SETCURSEL, section, 0);
-            header.code = static_cast<UINT>(TCN_SELCHANGE);
-            SendMessageW(page_->window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header));
-        }
+        for (int section = 1; section < sections; ++section) ShowSection(section);
         Close();
         SaveSettings();
     }
+    // Page `index` opened on the registry as it stands, `visit` run, every section shown, OK and
+    // save: succeeds when nothing below `path` changed, else names the values that did.
+    ::testing::AssertionResult RoundTripKeeps(int index, const wchar_t* path = kProductPath,
+                                              const std::wstring& productFolder = L"",
+                                              const std::function<void()>& visit = {}) {
+        std::map<std::wstring, RegValueData> before = Values(path), after;
+        Open(index, productFolder);
+        if (!page_) return ::testing::AssertionFailure() << "page " << index << " did not open";
+        if (visit) visit();
+        ShowEverySectionCloseAndSave();
+        after = Values(path);
+        ::testing::AssertionResult result = ::testing::AssertionSuccess();
+        for (const auto* side : {&before, &after})
+            for (const auto& value : *side)
+                if (before[value.first] != after[value.first])
+                    result = ::testing::AssertionFailure()
+                             << result.message() << " " << std::string(value.first.begin(), value.first.end());
+        return result;
+    }
+    static std::map<std::wstring, RegValueData> Values(const wchar_t* path) {
+        std::map<std::wstring, RegValueData> values;
+        for (const auto& key : Snapshot(HKEY_CURRENT_USER, path))
+            for (const auto& value : key.second) values[key.first + L"|" + value.first] = value.second;
+        return values;
+    }
     HWND Control(int number) { return page_->control(number); }
+    void Click(int number) { SendMessageW(Control(number), BM_CLICK, 0, 0); }
+    bool Checked(int number) { return SendMessageW(Control(number), BM_GETCHECK, 0, 0) == BST_CHECKED; }
+    // A user's choice: the selection changes, then the list closes on it (index -1: the last entry).
     void Choose(int combo, int index) {
-        SendMessageW(Control(combo), CB_SETCURSEL, index, 0);
-        SendMessageW(page_->window(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(Control(combo)), CBN_SELENDOK),
-                     reinterpret_cast<LPARAM>(Control(combo)));
+        SendMessageW(Control(combo), CB_SETCURSEL, index < 0 ? Entries(combo).size() - 1 : index, 0);
+        for (UINT code : {CBN_SELCHANGE, CBN_SELENDOK})
+            SendMessageW(page_->window(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(Control(combo)), code),
+                         reinterpret_cast<LPARAM>(Control(combo)));
     }
     int Selected(int combo) { return static_cast<int>(SendMessageW(Control(combo), CB_GETCURSEL, 0, 0)); }
-    std::vector<std::wstring> Entries(int combo) {
-        std::vector<std::wstring> entries;
+    Texts Entries(int combo) {
+        Texts entries;
         for (int i = 0; i < SendMessageW(Control(combo), CB_GETCOUNT, 0, 0); ++i) {
-            wchar_t text[256] = {};
+            wchar_t text[300] = {};
             SendMessageW(Control(combo), CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text));
             entries.push_back(text);
         }
         return entries;
     }
+    std::wstring SelectedEntry(int combo) { return Selected(combo) < 0 ? L"<none>" : Entries(combo)[Selected(combo)]; }
     bool Enabled(int number) { return IsWindowEnabled(Control(number)) != FALSE; }
+    std::wstring Text(int number) { return WindowText(Control(number)); }
 
     HWND owner_ = nullptr;
     SettingsPage* page_ = nullptr;

@@ -1,6 +1,6 @@
 // The Special events page: the date list on a fixed date, a day span that is not listed, filter
 // categories that vanished or differ in case, and the round trip of seeded values.
-#include "pages/page_fixture.h"
+#include "page_fixture.h"
 #include "platform/clock.h"
 
 namespace {
@@ -23,19 +23,17 @@ protected:
     }
 };
 
-TEST_F(SEventsPage, DatesFollowTheClockAndUnlistedSpansAndCategoriesFallBack) {
-    RegPutDword(HKEY_CURRENT_USER, kEvents, L"SEApptsDaySpan", 45);
-    RegPutDword(HKEY_CURRENT_USER, kEvents, L"SEDateFormat", 4);
+TEST_F(SEventsPage, DatesFollowTheClockUnlistedValuesFallBackAndSeededValuesComeBack) {
+    PutDwords(kEvents, {{L"SEApptsDaySpan", 45}, {L"SEDateFormat", 4}});
     RegPutString(HKEY_CURRENT_USER, kEvents, L"AdditionalFilterCat1", L"Gone");
     RegPutString(HKEY_CURRENT_USER, kEvents, L"AdditionalFilterCat2", L"home");
     Open(6);
-    std::vector<std::wstring> dates = Entries(kDateFormat);
+    Texts dates = Entries(kDateFormat);
     ASSERT_EQ(dates.size(), 5u);
-    EXPECT_EQ(std::vector<std::wstring>(dates.begin() + 1, dates.end()),
-              (std::vector<std::wstring>{L"02/03", L"02/03/11", L"03/02", L"03/02/11"}));
+    EXPECT_EQ(Texts(dates.begin() + 1, dates.end()), (Texts{L"02/03", L"02/03/11", L"03/02", L"03/02/11"}));
     EXPECT_EQ(Selected(kDateFormat), 4);
-    EXPECT_EQ(Entries(kDaySpan)[Selected(kDaySpan)], L"30");
-    EXPECT_EQ(Entries(kCategory1), (std::vector<std::wstring>{L"None", L"Home", L"Work"}));
+    EXPECT_EQ(SelectedEntry(kDaySpan), L"30");
+    EXPECT_EQ(Entries(kCategory1), (Texts{L"None", L"Home", L"Work"}));
     EXPECT_EQ(Selected(kCategory1), 0);
     EXPECT_EQ(Selected(kCategory2), 1) << "names match without regard to case";
     Choose(kCategory4, 2);
@@ -47,19 +45,16 @@ TEST_F(SEventsPage, DatesFollowTheClockAndUnlistedSpansAndCategoriesFallBack) {
     EXPECT_REG_STRING(HKEY_CURRENT_USER, kEvents, L"AdditionalFilterCat2", L"Home");
     EXPECT_REG_STRING(HKEY_CURRENT_USER, kEvents, L"AdditionalFilterCat4", L"Work");
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kEvents, L"SEDateFormat", 4);
-}
 
-TEST_F(SEventsPage, SeededValuesComeBackUnchanged) {
-    const std::pair<const wchar_t*, DWORD> values[] = {
-        {L"SEventDays", 0},          {L"SEAlertBeforeDays", 15}, {L"SEContactFormat", 2}, {L"SEApptsDaySpan", 365},
-        {L"SEFilterAlertBeforeDays", 3}, {L"BreakLineStyle", 0}, {L"IncldFoldBttns", 0},  {L"IncldCounters", 0}};
-    for (const auto& value : values) RegPutDword(HKEY_CURRENT_USER, kEvents, value.first, value.second);
+    RemoveProductKeys();
+    PutDwords(kEvents, {{L"SEventDays", 0}, {L"SEAlertBeforeDays", 15}, {L"SEContactFormat", 2},
+                        {L"SEApptsDaySpan", 365}, {L"SEFilterAlertBeforeDays", 3}, {L"BreakLineStyle", 0},
+                        {L"IncldFoldBttns", 0}, {L"IncldCounters", 0}});
     RegPutString(HKEY_CURRENT_USER, kEvents, L"AdditionalFilterCat3", L"Work");
-    RegSnapshot before = WithoutEmptyKeys(Snapshot(HKEY_CURRENT_USER, kProductPath));
     Open(6);
-    EXPECT_EQ(Entries(kAlert)[Selected(kAlert)], L"16");
-    ShowEverySectionCloseAndSave();
-    EXPECT_EQ(WithoutEmptyKeys(Snapshot(HKEY_CURRENT_USER, kProductPath)), before);
+    EXPECT_EQ(SelectedEntry(kAlert), L"16");
+    Close();
+    EXPECT_TRUE(RoundTripKeeps(6));
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 // The Tasks page on the test registry: the date forms across month and year ends, the greyed
 // custom date that keeps its texts, the left and right icons, and the values round trip.
-#include "dialogs/modal_script.h"
 #include "page_fixture.h"
 #include "pages/tasks_page.h"
 #include "platform/clock.h"
@@ -9,6 +8,7 @@
 namespace {
 
 enum { kDateForm = 1, kUseCustom = 21, kCustomStartLabel = 22, kCustomStart = 23, kCustomDue = 25, kCustomShow = 27 };
+const SYSTEMTIME kMarch5 = {2011, 3, 6, 5, 10, 0, 0, 0};
 
 class TasksPage : public PageFixture {
 protected:
@@ -21,25 +21,17 @@ protected:
         SetProgramLocalTimeForTest(nullptr);
         PageFixture::TearDown();
     }
-    void Click(int number) { SendMessageW(Control(number), BM_CLICK, 0, 0); }
     std::wstring Preview() { return static_cast<TasksSettingsWin*>(page_)->PreviewDateText().c_str(); }
-    void PaintIconSection() {
-        for (UINT code : {TCN_SELCHANGING, TCN_SELCHANGE}) {
-            if (code == static_cast<UINT>(TCN_SELCHANGE)) TabCtrl_SetCurSel(page_->sectionTabs(), 2);
-            NMHDR header = {page_->sectionTabs(), 0, code};
-            SendMessageW(page_->window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header));
-        }
-        UpdateWindow(page_->window());
-    }
+    void PaintIconSection() { ShowSection(2), UpdateWindow(page_->window()); }
     TasksSettings& tasks = g_settings.tasks;
 };
 
-TEST_F(TasksPage, DateFormsRunIntoTheNextMonthAndYear) {
+TEST_F(TasksPage, DateFormsRunIntoTheNextMonthAndYearAndAGreyedCustomDateKeepsItsTexts) {
     OpenOn({2010, 12, 2, 28, 23, 59, 0, 0});
     EXPECT_EQ(Entries(kDateForm),
-              (std::vector<std::wstring>{L"12/28 - 1/4/11", L"12/28 - 1/4", L"12/28/10 (start)", L"1/4/11 (due)",
-                                         L"12/28 (start)", L"1/4 (due)", L"28/12 - 4/1/11", L"28/12 - 4/1",
-                                         L"28/12/10 (start)", L"4/1/11 (due)", L"28/12 (start)", L"4/1 (due)"}));
+              (Texts{L"12/28 - 1/4/11", L"12/28 - 1/4", L"12/28/10 (start)", L"1/4/11 (due)", L"12/28 (start)",
+                     L"1/4 (due)", L"28/12 - 4/1/11", L"28/12 - 4/1", L"28/12/10 (start)", L"4/1/11 (due)",
+                     L"28/12 (start)", L"4/1 (due)"}));
     EXPECT_EQ(Selected(kDateForm), 3);
     Close();
     for (WORD year : {2011, 2012}) {
@@ -50,14 +42,12 @@ TEST_F(TasksPage, DateFormsRunIntoTheNextMonthAndYear) {
         Close();
     }
     EXPECT_EQ(tasks.TsksDateFrmt.value, 7u);
-}
 
-TEST_F(TasksPage, GreyedCustomDateKeepsItsTextsAndBadPicturesAreShownAsTyped) {
     RegPutString(HKEY_CURRENT_USER, kTasksPath, L"CustomDateFrmtStart", L"ddd d");
     RegPutDword(HKEY_CURRENT_USER, kTasksPath, L"TsksCustomDateStruct", 0);
-    OpenOn({2011, 3, 6, 5, 10, 0, 0, 0});
+    OpenOn(kMarch5);
     for (int number = kCustomStartLabel; number <= kCustomShow; ++number) EXPECT_FALSE(Enabled(number)) << number;
-    EXPECT_EQ(WindowText(Control(kCustomStart)), L"ddd d");
+    EXPECT_EQ(Text(kCustomStart), L"ddd d");
     EXPECT_EQ(Preview(), L"3/5/11 (due)") << "form 3 while greyed";
     Click(kUseCustom);
     EXPECT_TRUE(Enabled(kCustomStart) && Enabled(kCustomShow));
@@ -77,20 +67,14 @@ TEST_F(TasksPage, GreyedCustomDateKeepsItsTextsAndBadPicturesAreShownAsTyped) {
     EXPECT_REG_STRING(HKEY_CURRENT_USER, kTasksPath, L"CustomDateFrmtEnd", typed.substr(0, 256).c_str());
 
     OpenOn({2011, 13, 0, 40, 10, 0, 0, 0});  // a date the locale refuses: no text anywhere
-    EXPECT_EQ(Entries(kDateForm), std::vector<std::wstring>(12));
+    EXPECT_EQ(Entries(kDateForm), Texts(12));
     Click(kUseCustom);
     EXPECT_EQ(Preview(), L"");
     PaintIconSection();
-    Close();
-    OpenOn({2011, 3, 6, 5, 10, 0, 0, 0});
-    Click(kUseCustom);
-    SetWindowTextW(Control(kCustomStart), L"");
-    Choose(kCustomShow, 1);
-    EXPECT_EQ(Preview(), L"") << "start only, and no start picture";
 }
 
-TEST_F(TasksPage, LeftIconsLeaveTheRightSetAndComeBackUnlessTheOtherSlotHoldsThem) {
-    TasksSettingsWin* page = OpenOn({2011, 3, 6, 5, 10, 0, 0, 0});
+TEST_F(TasksPage, LeftIconsLeaveTheRightSetUnlessTheOtherSlotHoldsThemAndValuesRoundTrip) {
+    TasksSettingsWin* page = OpenOn(kMarch5);
     IconMarkerStrip& right = page->strip(3);
     page->strip(2).ChooseMarker(2);  // recurring (flag 4) on the left
     page->strip(1).ChooseMarker(1);  // reminder (flag 2)
@@ -107,21 +91,17 @@ TEST_F(TasksPage, LeftIconsLeaveTheRightSetAndComeBackUnlessTheOtherSlotHoldsThe
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kTasksPath, L"TaskTabLeftAlignIcon1", 32);
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kTasksPath, L"TaskTabLeftAlignIcon2", 4);
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kTasksPath, L"TasksRightIcons", 383 - 4 - 32);
-}
 
-TEST_F(TasksPage, SeededValuesComeBackUnchanged) {
-    const std::pair<const wchar_t*, DWORD> seeded[] = {
-        {L"TsksDateFrmt", 11}, {L"TsksLimitFutureDate", 7}, {L"HideCompletedTasks", 1}, {L"HidePastCompletedTasks", 0},
-        {L"ConfirmTaskCompleteTsks", 0}, {L"RemoveUndatedLeadingStr", 1}, {L"RemoveUndatedTsks", 1},
-        {L"TsksLineBreaker", 0}, {L"TsksFoldingType", 1}, {L"TsksUseSmartFolding", 0}, {L"IncludeCountersTsks", 0},
-        {L"TaskTabLeftAlignIcon1", 8}, {L"TasksRightIcons", 7}, {L"UseCustomDateTsks", 1}, {L"TsksCustomDateStruct", 2}};
-    for (const auto& value : seeded) RegPutDword(HKEY_CURRENT_USER, kTasksPath, value.first, value.second);
+    RemoveProductKeys();
+    PutDwords(kTasksPath, {{L"TsksDateFrmt", 11}, {L"TsksLimitFutureDate", 7}, {L"HideCompletedTasks", 1},
+                           {L"HidePastCompletedTasks", 0}, {L"ConfirmTaskCompleteTsks", 0},
+                           {L"RemoveUndatedLeadingStr", 1}, {L"RemoveUndatedTsks", 1}, {L"TsksLineBreaker", 0},
+                           {L"TsksFoldingType", 1}, {L"TsksUseSmartFolding", 0}, {L"IncludeCountersTsks", 0},
+                           {L"TaskTabLeftAlignIcon1", 8}, {L"TasksRightIcons", 7}, {L"UseCustomDateTsks", 1},
+                           {L"TsksCustomDateStruct", 2}});
     RegPutString(HKEY_CURRENT_USER, kTasksPath, L"CustomDateFrmtStart", L"'Start' yyyy");
     RegPutString(HKEY_CURRENT_USER, kTasksPath, L"CustomDateFrmtEnd", L"MMMM dd");
-    RegSnapshot before = WithoutEmptyKeys(Snapshot(HKEY_CURRENT_USER, kProductPath));
-    OpenOn({2011, 3, 6, 5, 10, 0, 0, 0});
-    ShowEverySectionCloseAndSave();
-    EXPECT_EQ(WithoutEmptyKeys(Snapshot(HKEY_CURRENT_USER, kProductPath)), before);
+    EXPECT_TRUE(RoundTripKeeps(2));
 }
 
 }  // namespace
