@@ -1,5 +1,5 @@
-// Bitmap files checked whole before loading: every cut of a good file, headers that describe no
-// picture, and seeded random damage; none may crash, and only whole files load.
+// Bitmap files checked whole before loading: every cut of a good file, header fields that describe
+// no picture, side limits, and seeded random damage; none may crash, and only whole files load.
 #include <cstring>
 #include <random>
 
@@ -15,16 +15,27 @@ bool Whole(const std::string& bytes) {
 
 TEST(BitmapFile, OnlyWholePicturesPassAndDamageNeitherCrashesNorLoads) {
     std::string good = PlainBitmap(13, 5, RGB(1, 2, 3));
-    ASSERT_TRUE(Whole(good));
-    for (size_t length = 0; length < good.size(); ++length) EXPECT_FALSE(Whole(good.substr(0, length))) << length;
-    // top-down rows pass; no width, a huge width, compression, a header of no known size, pixels
-    // inside the headers do not
-    const std::pair<size_t, int32_t> damages[] = {{22, -5}, {18, 0}, {18, 5000}, {30, BI_RLE8}, {14, 20}, {10, 40}};
+    for (size_t length = 0; length <= good.size(); ++length)
+        EXPECT_EQ(Whole(good.substr(0, length)), length == good.size()) << length;
+    // offset, bytes, value, still whole: top-down rows; no width, too wide, compression, bit fields at 24 bits,
+    // a header of no known size, pixels inside the headers, two planes, an unknown depth, more than 256 colours
+    const int damages[][4] = {{22, 4, -5, 1},          {18, 4, 0, 0},  {18, 4, 5000, 0}, {30, 4, BI_RLE8, 0},
+                              {30, 4, BI_BITFIELDS, 0}, {14, 4, 20, 0}, {10, 4, 40, 0},   {26, 2, 2, 0},
+                              {28, 2, 3, 0},            {46, 4, 257, 0}};
     for (const auto& damage : damages) {
         std::string bytes = good;
-        memcpy(&bytes[damage.first], &damage.second, 4);
-        EXPECT_EQ(Whole(bytes), damage.second == -5) << "offset " << damage.first;
+        memcpy(&bytes[damage[0]], &damage[2], damage[1]);
+        EXPECT_EQ(Whole(bytes), damage[3] == 1) << "offset " << damage[0] << " value " << damage[2];
     }
+    for (int side : {4096, 4097}) {
+        EXPECT_EQ(Whole(PlainBitmap(side, 1, 0)), side == 4096) << side;
+        EXPECT_EQ(Whole(PlainBitmap(1, side, 0)), side == 4096) << side;
+    }
+    // The 12-byte header of the oldest format, 2 x 2 pixels at 24 bits with rows of 8 bytes.
+    std::string core = std::string("BM\x2A\0\0\0\0\0\0\0\x1A\0\0\0\x0C\0\0\0\x02\0\x02\0\x01\0\x18\0", 26);
+    core += std::string(16, 'p');
+    EXPECT_TRUE(Whole(core));
+    EXPECT_FALSE(Whole(core.substr(0, 41)));
 
     ScratchFolder folder(L"bitmap_file");
     std::mt19937 random(20240611);

@@ -13,9 +13,6 @@ struct Rgba {
     BYTE r, g, b, a;
     bool operator==(const Rgba& o) const { return r == o.r && g == o.g && b == o.b && a == o.a; }
 };
-inline std::ostream& operator<<(std::ostream& out, const Rgba& p) {
-    return out << "(" << int(p.r) << "," << int(p.g) << "," << int(p.b) << "," << int(p.a) << ")";
-}
 inline Rgba Opaque(Rgba p) { return {p.r, p.g, p.b, 255}; }
 
 const int kTrueColor = 2;
@@ -28,7 +25,7 @@ inline std::string TgaHeader(int type, int width, int height, int bits, int desc
 }
 // Blue, green, red, then alpha for 32 bits.
 inline std::string PixelBytes(Rgba p, int bits) {
-    return bits == 32 ? std::string{char(p.b), char(p.g), char(p.r), char(p.a)} : std::string{char(p.b), char(p.g), char(p.r)};
+    return std::string{char(p.b), char(p.g), char(p.r), char(p.a)}.substr(0, bits == 32 ? 4 : 3);
 }
 inline std::string RunPacket(int count, Rgba p, int bits) { return char(0x80 | (count - 1)) + PixelBytes(p, bits); }
 inline std::string RawPacket(const std::vector<Rgba>& pixels, int bits) {
@@ -41,6 +38,13 @@ inline Rgba PixelAt(const SkinImage& image, int x, int y) {
     size_t i = static_cast<size_t>(y) * image.width + x;
     return {image.red[i], image.green[i], image.blue[i], image.alpha[i]};
 }
+// The planes, top row first.
+inline std::vector<Rgba> Pixels(const SkinImage& image) {
+    std::vector<Rgba> pixels;
+    for (int i = 0; i < image.width * image.height; ++i)
+        pixels.push_back(PixelAt(image, i % image.width, i / image.width));
+    return pixels;
+}
 inline HRESULT DecodeBytes(SkinImage& image, const std::string& bytes) {
     return DecodeTga(image, reinterpret_cast<const BYTE*>(bytes.data()), bytes.size());
 }
@@ -48,7 +52,7 @@ inline bool IsEmpty(const SkinImage& image) {
     return !image.red && !image.green && !image.blue && !image.alpha && image.width == 0 && image.height == 0;
 }
 
-// A copy of a built resource library with resources added (type, name, bytes), written to `path`.
+// A copy of a built resource library with resources (type, name, bytes) added, written to `path`.
 struct TestResource {
     const wchar_t* type;
     const wchar_t* name;
@@ -64,19 +68,17 @@ inline bool WriteModuleWithResources(const std::wstring& path, const std::vector
     return EndUpdateResourceW(update, FALSE) != FALSE;
 }
 
-// A 32-bit top-down DIB section selected into a memory DC, filled with a varied pattern.
+// A 32-bit top-down DIB section selected into a memory DC (released first), filled with a varied pattern.
 struct Canvas {
-    Canvas(int w, int h) : width(w), height(h), dc(CreateCompatibleDC(nullptr)), bitmap(CreateTopDownDib(w, h, &bits)) {
-        previous = SelectObject(dc.get(), bitmap.get());
+    Canvas(int w, int h) : width(w), height(h), bitmap(CreateTopDownDib(w, h, &bits)), dc(CreateCompatibleDC(nullptr)) {
+        SelectObject(dc.get(), bitmap.get());
         for (int i = 0; i < w * h; ++i) bits[i] = static_cast<DWORD>(i * 2654435761u) & 0xFFFFFF;
         original.assign(bits, bits + w * h);
     }
-    ~Canvas() { SelectObject(dc.get(), previous); }
     int width, height;
-    MemoryDc dc;
     DWORD* bits;
     Bitmap bitmap;
-    HGDIOBJ previous;
+    MemoryDc dc;
     std::vector<DWORD> original;
 };
 

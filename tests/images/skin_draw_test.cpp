@@ -30,11 +30,11 @@ TEST(SkinDraw, PlanesBlendOverTheDestinationFromTheChosenPlaneIndexes) {
         {5, 4, 32, 16, 12, 3, 2, -1, -1, 0, 0, -1, -1, 5, 4},
         {5, 4, 24, 9, 7, 1, 1, -1, -1, 0, 0, -1, -1, 5, 4},
         {5, 4, 32, 12, 9, 2, 1, 4, -1, 1, 1, 3, 2, 3, 2},
-        {5, 4, 32, 12, 9, 2, 1, -1, 2, 0, 0, -1, -1, 5, 2},
+        {5, 4, 32, 12, 9, 2, 1, -1, 1, 0, 0, -1, -1, 5, 1},
         {5, 4, 32, 12, 9, 2, 1, 3, 9, 0, 0, 9, -1, 3, 4},
-        {5, 4, 32, 12, 9, 2, 1, 5, 4, 3, 0, -1, -1, 5, 4},   // columns past the right edge read on into the next row
-        {5, 4, 32, 12, 9, 2, 1, 5, 4, 0, 3, -1, -1, 5, 4},   // rows past the last one are left alone
-        {5, 4, 32, 12, 9, 2, 1, 5, 4, -2, -1, -1, -1, 5, 4}, // so are indexes before the first
+        {5, 4, 32, 12, 9, 2, 1, 5, 4, 3, 0, -1, -1, 5, 4},    // columns past the right edge read on into the next row
+        {5, 4, 32, 12, 9, 2, 1, 5, 4, 0, 3, -1, -1, 5, 4},    // rows past the last one are left alone
+        {5, 4, 32, 12, 9, 2, 1, 5, 4, -2, -1, -1, -1, 5, 4},  // so are indexes before the first
         {5, 4, 32, 12, 9, 2, 1, 0, 4, 0, 0, -1, -1, 0, 0},
         {5, 4, 32, 12, 9, 2, 1, 5, 4, 0, 0, 5, 0, 0, 0},
         {7, 3, 32, 9, 6, 4, 4, -1, -1, 0, 0, -1, -1, 7, 3},  // runs off the canvas
@@ -60,9 +60,11 @@ TEST(SkinDraw, TranslucentFillsBlendAtTheOpacityClampedTo0To255AndEmptyDrawsChan
         BYTE alpha = static_cast<BYTE>(std::min(std::max(opacity, 0), 255));
         Canvas canvas(10, 7);
         FillTranslucent(canvas.dc.get(), 2, 1, 5, 3, RGB(200, 100, 50), opacity);
+        FillTranslucent(canvas.dc.get(), 8, 5, 1, 1, RGB(200, 100, 50), opacity);
         SCOPED_TRACE(testing::Message() << "opacity " << opacity);
         ExpectCanvas(canvas, [&](int x, int y, Rgba before) {
-            return x >= 2 && x < 7 && y >= 1 && y < 4 ? Blended({200, 100, 50, alpha}, before) : before;
+            bool filled = (x >= 2 && x < 7 && y >= 1 && y < 4) || (x == 8 && y == 5);
+            return filled ? Blended({200, 100, 50, alpha}, before) : before;
         });
     }
     Canvas canvas(6, 6);
@@ -70,10 +72,8 @@ TEST(SkinDraw, TranslucentFillsBlendAtTheOpacityClampedTo0To255AndEmptyDrawsChan
     ASSERT_EQ(DecodeBytes(failed, Picture(2, 2, 32)), S_OK);
     EXPECT_EQ(DecodeBytes(failed, TgaHeader(kTrueColor, 2, 2, 32, 0)), E_FAIL);
     ASSERT_EQ(DecodeBytes(noRows, TgaHeader(kRunLength, 4, 0, 32, 0)), S_OK);
-    for (const SkinImage* image : {&never, &failed, &noRows}) {
-        DrawSkinImage(*image, canvas.dc.get(), 0, 0, -1, -1, 0, 0, -1, -1);
-        DrawSkinImage(*image, canvas.dc.get(), 0, 0, 4, 4, 0, 0, 4, 4);
-    }
+    for (const SkinImage* image : {&never, &failed, &noRows})
+        DrawSkinImage(*image, canvas.dc.get(), 0, 0, 4, 4, 0, 0, -1, -1);
     FillTranslucent(canvas.dc.get(), 0, 0, 0, 4, RGB(1, 2, 3), 255);
     FillTranslucent(canvas.dc.get(), 0, 0, 4, -1, RGB(1, 2, 3), 255);
     ExpectCanvas(canvas, [](int, int, Rgba before) { return before; });
@@ -81,34 +81,35 @@ TEST(SkinDraw, TranslucentFillsBlendAtTheOpacityClampedTo0To255AndEmptyDrawsChan
 
 const COLORREF kKey = RGB(255, 0, 255);
 
-std::string Size(int width, int height) { return std::to_string(width) + "x" + std::to_string(height) + " "; }
-
 // What the image holds: "planes WxH", "bitmap WxH" or both, then its key colour; or "nothing".
 std::string Found(const SkinImage& image) {
-    std::string found;
-    if (image.red || image.width || image.height) found += "planes " + Size(image.width, image.height);
-    if (image.bitmap || image.bitmapWidth) found += "bitmap " + Size(image.bitmapWidth, image.bitmapHeight);
+    auto size = [](int width, int height) { return std::to_string(width) + "x" + std::to_string(height) + " "; };
+    std::string found = image.red || image.width || image.height ? "planes " + size(image.width, image.height) : "";
+    if (image.bitmap || image.bitmapWidth) found += "bitmap " + size(image.bitmapWidth, image.bitmapHeight);
     return found.empty() ? "nothing" : found + "key " + std::to_string(image.keyColor);
 }
 
-TEST(SkinLoad, SearchOrderFallbacksAndTheFailuresThatLeaveNothing) {
+TEST(SkinLoad, SearchOrderFallbacksFailuresThatLeaveNothingAndKeyedBitmaps) {
     ScratchFolder scratch(L"skin_load");
     auto file = [&](const wchar_t* name) { return scratch.file(name); };
-    auto opaqueTga = [](int width, int height) {
-        return TgaHeader(kTrueColor, width, height, 24, 0) + std::string(width * height * 3, '\x40');
+    auto tga = [](int width, int height) {
+        return TgaHeader(kTrueColor, width, height, 24, 0) + std::string(width * height * 3, 'T');
     };
-    WriteBytes(file(L"pic.tga"), opaqueTga(2, 2));
+    auto keyed = [](int x, int y) { return (x + 2 * y) % 3 == 0 ? kKey : RGB(200, 10 + 50 * x, 10 + 60 * y); };
+    WriteBytes(file(L"pic.tga"), tga(2, 2));
     WriteBytes(file(L"pic.bmp"), PlainBitmap(3, 2, RGB(10, 20, 30)));
     WriteBytes(file(L"pic_high.bmp"), PlainBitmap(5, 4, RGB(40, 50, 60)));
-    ASSERT_TRUE(WriteModuleWithResources(file(L"skin.dll"), {{L"TARGA", L"PIC", opaqueTga(4, 1)},
-                                                             {L"TARGA", MAKEINTRESOURCEW(7), opaqueTga(1, 3)},
-                                                             {RT_BITMAP, MAKEINTRESOURCEW(101), PlainBitmap(6, 3, 0).substr(14)}}));
+    WriteBytes(file(L"keyed.bmp"), BitmapFileBytes(4, 3, keyed));
+    std::string bitmap = PlainBitmap(6, 3, 0).substr(14);  // a bitmap resource has no file header
+    ASSERT_TRUE(WriteModuleWithResources(file(L"skin.dll"), {{L"TARGA", L"PIC", tga(4, 1)},
+                                                             {L"TARGA", MAKEINTRESOURCEW(7), tga(1, 3)},
+                                                             {RT_BITMAP, MAKEINTRESOURCEW(101), bitmap}}));
     Library module(LoadLibraryW(file(L"skin.dll").c_str()));
     ASSERT_TRUE(module);
     const wchar_t* folder = scratch.path().c_str();
     SkinImage image;
-    auto load = [&](const wchar_t* inFolder, const wchar_t* name, const wchar_t* resource, int bitmapId, bool allowHigh) {
-        bool found = LoadSkinImage(image, inFolder, name, module.get(), resource, bitmapId, kKey, allowHigh);
+    auto load = [&](const wchar_t* in, const wchar_t* name, const wchar_t* resource, int bitmapId, bool allowHigh) {
+        bool found = LoadSkinImage(image, in, name, module.get(), resource, bitmapId, kKey, allowHigh);
         EXPECT_EQ(found, image.hasPlanes() || image.bitmap) << Found(image);
         return Found(image);
     };
@@ -129,18 +130,12 @@ TEST(SkinLoad, SearchOrderFallbacksAndTheFailuresThatLeaveNothing) {
         load(nullptr, nullptr, before, 101, false);
         EXPECT_EQ(load(folder, L"other", L"", 999, true), "nothing") << "a missing bitmap id after " << held;
     }
-}
 
-TEST(SkinLoad, BitmapIsDrawnAtItsOwnSizeWithTheKeyColourTransparent) {
-    auto paint = [](int x, int y) { return (x + 2 * y) % 3 == 0 ? kKey : RGB(200, 10 + 50 * x, 10 + 60 * y); };
-    ScratchFolder folder(L"skin_keyed");
-    WriteBytes(folder.file(L"keyed.bmp"), BitmapFileBytes(4, 3, paint));
-    SkinImage image;
-    ASSERT_TRUE(LoadSkinImage(image, folder.path().c_str(), L"keyed", nullptr, nullptr, -1, kKey, false));
+    ASSERT_EQ(load(folder, L"keyed", nullptr, -1, false), "bitmap 4x3 " + key);
     Canvas canvas(9, 7);
-    DrawSkinImage(image, canvas.dc.get(), 2, 1, 1, 1, 0, 0, 1, 1);  // sizes and limits are for planes only
+    DrawSkinImage(image, canvas.dc.get(), 2, 1, 1, 1, 0, 0, 1, 1);  // drawn whole: sizes and limits are for planes
     ExpectCanvas(canvas, [&](int x, int y, Rgba before) {
-        COLORREF c = x >= 2 && x < 6 && y >= 1 && y < 4 ? paint(x - 2, y - 1) : kKey;
+        COLORREF c = x >= 2 && x < 6 && y >= 1 && y < 4 ? keyed(x - 2, y - 1) : kKey;
         return c == kKey ? before : Rgba{GetRValue(c), GetGValue(c), GetBValue(c), 255};
     });
 }
