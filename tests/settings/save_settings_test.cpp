@@ -41,7 +41,6 @@ TEST_F(SaveSettingsTest, ChangedSettingsOnlyAreWrittenAndBackAtTheirDefaultTheyA
 TEST_F(SaveSettingsTest, AllDirtyAtDefaultsLeavesNoValueAndNeverWritesTheReadOnlyList) {
     RegPutDword(HKEY_CURRENT_USER, kProductPath, L"NoteZoom", 150);
     RegPutString(HKEY_CURRENT_USER, kPocketInformantPath, L"IconPath", L"\\PI\\Icons");
-    RegPutRaw(HKEY_CURRENT_USER, kCalendarPath, L"FoldState", REG_BINARY, "0123456789abcdef", 16);
     loaded_.load();
     SetInt(r().general.NoteZoom, 100);
     SetString(r().pocketInformant.IconPath, L"elsewhere");
@@ -51,7 +50,7 @@ TEST_F(SaveSettingsTest, AllDirtyAtDefaultsLeavesNoValueAndNeverWritesTheReadOnl
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kProductPath, L"NoteZoom", 150);
     EXPECT_REG_STRING(HKEY_CURRENT_USER, kPocketInformantPath, L"IconPath", L"\\PI\\Icons");
     EXPECT_REG_STRING(HKEY_LOCAL_MACHINE, kTodayItemPath, L"ProgramFiles", L"\\Program Files");
-    EXPECT_EQ(RegValueCountTree(HKEY_CURRENT_USER, L"Software\\Orvane"), 2u) << "the two stored, nothing else";
+    EXPECT_EQ(RegValueCountTree(HKEY_CURRENT_USER, L"Software\\Orvane"), 1u) << "NoteZoom as stored, nothing else";
 }
 
 TEST_F(SaveSettingsTest, LandscapeLimitOutside60To500IsNoneAndAPinnedMonthNeedsALimitOf200) {
