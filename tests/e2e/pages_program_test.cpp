@@ -1,6 +1,6 @@
 // The real program, started as a user starts it: pages picked in the page grid with the keyboard,
 // changed through their controls, left with OK, then Done writes exactly what changed, to the
-// registry and to the filters file.
+// registry and to the filters file, and tells every window.
 #include <memory>
 
 #include "common/test_support.h"
@@ -22,14 +22,22 @@ RegValueData Text(const std::wstring& text) { return {REG_SZ, Utf16Bytes(text) +
 void Click(HWND button) { SendMessageW(button, BM_CLICK, 0, 0); }
 void Key(HWND window, WPARAM key) { SendMessageW(window, WM_KEYDOWN, key, 1); }
 
-// A plug-in tab added earlier; one with a DLL also shown.
-void PutPlugInTab(const std::wstring& name, DWORD order, const wchar_t* dll) {
+// A plug-in tab added earlier, shown.
+void PutPlugInTab(const std::wstring& name, DWORD order) {
     std::wstring key = kTabs + L"\\" + name;
-    RegPutDword(HKEY_CURRENT_USER, key.c_str(), L"Order", order);
-    RegPutDword(HKEY_CURRENT_USER, key.c_str(), L"Type", 1);
-    if (!dll) return;
-    RegPutDword(HKEY_CURRENT_USER, key.c_str(), L"Enabled", 1);
-    RegPutString(HKEY_CURRENT_USER, key.c_str(), L"DLL", dll);
+    for (const auto& value : {std::make_pair(L"Order", order), {L"Type", 1}, {L"Enabled", 1}})
+        RegPutDword(HKEY_CURRENT_USER, key.c_str(), value.first, value.second);
+    RegPutString(HKEY_CURRENT_USER, key.c_str(), L"DLL", (name + L".dll").c_str());
+}
+
+// A hidden top-level window of the test listens for the program's broadcast: how often, and its parameters.
+UINT g_changedMessage = 0;
+int g_received = 0;
+WPARAM g_parameters = 1;
+
+LRESULT CALLBACK ListenerProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == g_changedMessage && message != 0) ++g_received, g_parameters = wParam | lParam;
+    return DefWindowProcW(window, message, wParam, lParam);
 }
 
 class PagesProgram : public ::testing::Test {
@@ -53,10 +61,7 @@ protected:
         return main_ = WaitForShown(L"QL_OPTIONS", L"QL Options");
     }
     // Done on the grid: save and leave.
-    void Done() {
-        PostMessageW(main_, WM_COMMAND, 1, 0);
-        EXPECT_EQ(program_->WaitExit(15000), 0);
-    }
+    long Done() { return PostMessageW(main_, WM_COMMAND, 1, 0) ? program_->WaitExit(15000) : -1; }
     std::string database_;
     std::unique_ptr<ProgramProcess> program_;
     HWND main_ = nullptr;
@@ -65,8 +70,8 @@ protected:
 TEST_F(PagesProgram, SixPagesChangedThenDoneWritesExactlyTheirChanges) {
     RegPutDword(HKEY_LOCAL_MACHINE, kAgendaFusionPath, L"VerMajor", 3);
     ASSERT_TRUE(Start());
-    HWND page = OpenPage(main_, L"c", L"CalendarSettingsWin");
-    ASSERT_NE(page, nullptr);
+    HWND page;
+    ASSERT_TRUE(page = OpenPage(main_, L"c", L"CalendarSettingsWin"));
     SendMessageW(PageControl(page, 1), CB_SETCURSEL, 13, 0);  // 14 days
     Click(PageControl(page, 8));                              // special events shown
     HWND sections = FindWindowExW(page, nullptr, L"SysTabControl32", nullptr);
@@ -89,7 +94,7 @@ TEST_F(PagesProgram, SixPagesChangedThenDoneWritesExactlyTheirChanges) {
     HWND software = PageControl(page, 1);
     ASSERT_EQ(SendMessageW(software, CB_GETCOUNT, 0, 0), 2);
     SendMessageW(software, CB_SETCURSEL, 1, 0);  // Agenda Fusion
-    SendMessageW(page, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(software), CBN_SELENDOK), reinterpret_cast<LPARAM>(software));
+    SendMessageW(page, WM_COMMAND, MAKEWPARAM(0x1001, CBN_SELENDOK), reinterpret_cast<LPARAM>(software));
     ASSERT_TRUE(PressOk(page));
     ASSERT_TRUE(page = OpenPage(main_, L"Tas", L"TasksSettingsWin"));
     SendMessageW(PageControl(page, 3), CB_SETCURSEL, 4, 0);  // tasks up to two weeks ahead
@@ -102,10 +107,17 @@ TEST_F(PagesProgram, SixPagesChangedThenDoneWritesExactlyTheirChanges) {
     Click(PageControl(page, 4));                             // advanced
     ASSERT_TRUE(PressOk(page));
     EXPECT_TRUE(WithoutEmptyKeys(Snapshot(HKEY_CURRENT_USER, kProduct)).empty()) << "nothing before Done";
-
-    Done();
+    g_changedMessage = RegisterWindowMessageW(L"OrvaneQuillorySettingsChanged");
+    HWND listener = CreateWindowExW(0, TestWindowClass(L"ChangeListener", ListenerProc), L"", WS_POPUP, 0, 0, 1, 1,
+                                    nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    EXPECT_EQ(Done(), 0);
+    for (DWORD start = GetTickCount(); g_received == 0 && GetTickCount() - start < 5000; Sleep(20)) PumpMessages();
+    DestroyWindow(listener);
+    EXPECT_EQ(g_received, 1) << "told to every window";
+    EXPECT_EQ(g_parameters, 0u) << "wParam and lParam 0";
     RegSnapshot expected = {
-        {kProduct + L"\\Calendar", {{L"IncldTasksInCR", Dword(0)}, {L"SEventsOnClr", Dword(1)}, {L"dNumOfDays", Dword(14)}}},
+        {kProduct + L"\\Calendar",
+         {{L"IncldTasksInCR", Dword(0)}, {L"SEventsOnClr", Dword(1)}, {L"dNumOfDays", Dword(14)}}},
         {kProduct + L"\\Messages", {{L"MsgsOpenOnClick", Dword(1)}}},
         {kProduct + L"\\SEvents", {{L"SEventDays", Dword(0)}}},
         {kProduct + L"\\CustomPIM", {{L"PimSw", Dword(2)}}},
@@ -118,7 +130,7 @@ TEST_F(PagesProgram, SixPagesChangedThenDoneWritesExactlyTheirChanges) {
 TEST_F(PagesProgram, CategoriesTabsContactsAndNotesChangesReachTheRegistryAndTheFiltersFileOnDone) {
     WriteBytes(kDatabase, "4001001F=Work\t40020002=1\n4001001F=Home\t40020002=2\n");
     RegPutDword(HKEY_CURRENT_USER, kProductPath, L"FilterMethodToUse", 1);
-    PutPlugInTab(L"OldNews", 7, L"old.dll"), PutPlugInTab(L"Stale", 8, nullptr);
+    PutPlugInTab(L"OldNews", 7), PutPlugInTab(L"Stale", 8);
     RegPutDword(HKEY_CURRENT_USER, (kTabs + L"\\OldNews").c_str(), L"Extra", 5);  // lost when rebuilt
     RegPutDword(HKEY_CURRENT_USER, (kTabs + L"\\Contacts").c_str(), L"Kept", 5);
     RegPutDword(HKEY_LOCAL_MACHINE, kWeather.c_str(), L"Type", 4);
@@ -128,14 +140,13 @@ TEST_F(PagesProgram, CategoriesTabsContactsAndNotesChangesReachTheRegistryAndThe
     CreateDirectoryW(kNotesFolder, nullptr);
     ASSERT_TRUE(Start());
 
-    HWND page = OpenPage(main_, L"cat", L"CategorySettingsWin");
-    ASSERT_NE(page, nullptr);
+    HWND page, picker, chooser, question, alphabets, browser;
+    ASSERT_TRUE(page = OpenPage(main_, L"cat", L"CategorySettingsWin"));
     HWND sections = FindWindowExW(page, nullptr, L"SysTabControl32", nullptr);
     Key(sections, VK_RIGHT);  // the categories: Home is the first row, coloured from the palette
     Key(PageControl(page, 1), VK_HOME);
     PostMessageW(PageControl(page, 3), BM_CLICK, 0, 0);
-    HWND picker = WaitForShown(L"#32770", L"Color");
-    ASSERT_NE(picker, nullptr);
+    ASSERT_TRUE(picker = WaitForShown(L"#32770", L"Color"));
     SendMessageW(picker, WM_COMMAND, 1024, 0);
     Click(GetDlgItem(picker, 27));  // #FF6633
     ASSERT_TRUE(PressOk(picker));
@@ -151,8 +162,7 @@ TEST_F(PagesProgram, CategoriesTabsContactsAndNotesChangesReachTheRegistryAndThe
     Key(PageControl(page, 0), VK_END);    // Stale, the last row, removed
     Click(PageControl(page, 4));
     PostMessageW(PageControl(page, 3), BM_CLICK, 0, 0);  // Weather added
-    HWND chooser = WaitForShown(L"#32770", L"Today Plug-in"), question;
-    ASSERT_NE(chooser, nullptr);
+    ASSERT_TRUE(chooser = WaitForShown(L"#32770", L"Today Plug-in"));
     PostMessageW(chooser, WM_COMMAND, IDOK, 0);
     ASSERT_TRUE(question = WaitForShown(L"#32770", L"Add Tab"));
     PostMessageW(question, WM_COMMAND, IDYES, 0);
@@ -163,26 +173,25 @@ TEST_F(PagesProgram, CategoriesTabsContactsAndNotesChangesReachTheRegistryAndThe
     HWND searchBar = PageControl(page, 1);
     SendMessageW(searchBar, CB_SETCURSEL, SendMessageW(searchBar, CB_GETCOUNT, 0, 0) - 1, 0);  // choose alphabets
     PostMessageW(page, WM_COMMAND, MAKEWPARAM(0x1001, CBN_SELCHANGE), reinterpret_cast<LPARAM>(searchBar));
-    HWND alphabets = WaitForShown(L"#32770", L"Alphabets");
-    ASSERT_NE(alphabets, nullptr);
+    ASSERT_TRUE(alphabets = WaitForShown(L"#32770", L"Alphabets"));
     Key(GetDlgItem(alphabets, 1002), VK_END), Key(GetDlgItem(alphabets, 1002), VK_SPACE);  // ticks Thai
     ASSERT_TRUE(PressOk(alphabets) && PressOk(page));
 
     ASSERT_TRUE(page = OpenPage(main_, L"n", L"NotesSettingsWin"));
-    PostMessageW(page, WM_COMMAND, MAKEWPARAM(0x1000 + 17, BN_CLICKED), reinterpret_cast<LPARAM>(PageControl(page, 17)));
-    HWND browser = WaitForShown(L"#32770", L"Add Notes Folder");
-    ASSERT_NE(browser, nullptr);
+    PostMessageW(PageControl(page, 17), BM_CLICK, 0, 0);  // Add
+    ASSERT_TRUE(browser = WaitForShown(L"#32770", L"Add Notes Folder"));
     SendMessageW(GetDlgItem(browser, 1004), WM_CHAR, L'Q', 1);  // opens "QL Notes" in the drive's root
     Key(GetDlgItem(browser, 1004), VK_RETURN);
     ASSERT_TRUE(PressOk(browser) && PressOk(page));
 
-    Done();
+    EXPECT_EQ(Done(), 0);
     const std::wstring look = kProduct + L"\\Categories", contacts = kProduct + L"\\Contacts";
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, look.c_str(), L"CatColor.Home", RGB(0xFF, 0x66, 0x33));
-    EXPECT_REG_DWORD(HKEY_CURRENT_USER, look.c_str(), L"CatFilter.Home", 1);
-    EXPECT_REG_DWORD(HKEY_CURRENT_USER, look.c_str(), L"CatFilter.Work", 1);
+    for (const wchar_t* name : {L"CatFilter.Home", L"CatFilter.Work"})
+        EXPECT_REG_DWORD(HKEY_CURRENT_USER, look.c_str(), name, 1);
     std::wstring filters = WideFromUtf16(ReadBytes(kFiltersFile));
-    EXPECT_NE(filters.find(L"[FILTER1]\r\n\"Title\"=\"Filter 2\"\r\n\"Sensitivity\"=dword:0\r\n\"Visible\"=dword:0\r\n"),
+    EXPECT_NE(filters.find(L"[FILTER1]\r\n\"Title\"=\"Filter 2\"\r\n\"Sensitivity\"=dword:0\r\n"
+                           L"\"Visible\"=dword:0\r\n"),
               std::wstring::npos);
     EXPECT_NE(filters.find(L"[FILTER31]\r\n\"Title\"=\"Filter 32\""), std::wstring::npos);
     for (const auto& value : {std::make_pair(L"TasksTabEnabled", 0), {L"NotesTabOrder", 2}, {L"TasksTabOrder", 3}})

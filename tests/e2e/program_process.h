@@ -44,22 +44,17 @@ inline HWND WaitForTopWindow(const wchar_t* className, const wchar_t* title, DWO
     return nullptr;
 }
 
-// Polls until the window is visible (true) or gone (false).
-inline bool WaitForVisible(HWND window, DWORD ms = 10000) {
-    for (DWORD start = GetTickCount(); !IsWindowVisible(window); Sleep(50))
-        if (!IsWindow(window) || GetTickCount() - start > ms) return false;
-    return true;
-}
-
 inline bool WaitForGone(HWND window, DWORD ms = 10000) {
     for (DWORD start = GetTickCount(); IsWindow(window) && GetTickCount() - start < ms;) Sleep(50);
     return !IsWindow(window);
 }
 
-// The window `className` once it is up and visible, or null.
+// The top-level window `className` titled `title` (any when null) once it is visible, or null.
 inline HWND WaitForShown(const wchar_t* className, const wchar_t* title = nullptr) {
     HWND window = WaitForTopWindow(className, title);
-    return window && WaitForVisible(window) ? window : nullptr;
+    for (DWORD start = GetTickCount(); window && !IsWindowVisible(window); Sleep(50))
+        if (!IsWindow(window) || GetTickCount() - start > 10000) return nullptr;
+    return window;
 }
 
 // Picks a page in the grid by typing the start of its title (key presses of repeat count 1), then

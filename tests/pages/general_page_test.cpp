@@ -56,7 +56,9 @@ TEST_F(GeneralPage, GreyedRowsStillStoreAndEveryRowIsSavedInTheKeysOrder) {
     EXPECT_EQ(recorder.written(order), order);
     const wchar_t* const zero[] = {L"DPadEnabled", L"DPadCompleteAction", L"VerticalTabs"};
     for (const wchar_t* name : zero) EXPECT_REG_DWORD(HKEY_CURRENT_USER, kProductPath, name, 0);
-    for (const wchar_t* name : {L"DPadDoubleClickTabSwitching", L"ExclusiveDPadNavig", L"MyVgaMode", L"DPadMode", L"OnClick"})
+    const wchar_t* const one[] = {L"DPadDoubleClickTabSwitching", L"ExclusiveDPadNavig", L"MyVgaMode", L"DPadMode",
+                                  L"OnClick"};
+    for (const wchar_t* name : one)
         EXPECT_REG_DWORD(HKEY_CURRENT_USER, kProductPath, name, 1);
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kProductPath, L"LoadingDelay", 5);
 
