@@ -26,7 +26,7 @@ bool WaitForeground(HWND window) {
     return GetForegroundWindow() == window;
 }
 
-TEST_F(ProgramTest, SecondStartBringsTheFirstForwardAndCancelYesWritesNothing) {
+TEST_F(ProgramTest, SecondStartEndsAtOnceAndCancelYesDropsAChangedPage) {
     ProgramProcess first(L"About ");  // not the exact word: no About box
     HWND main = WaitForShown(L"QL_OPTIONS", L"QL Options");
     ASSERT_NE(main, nullptr);
@@ -35,6 +35,10 @@ TEST_F(ProgramTest, SecondStartBringsTheFirstForwardAndCancelYesWritesNothing) {
     HWND firstFound = FindWindowExW(nullptr, nullptr, L"QL_OPTIONS", nullptr);
     EXPECT_EQ(FindWindowExW(nullptr, firstFound, L"QL_OPTIONS", nullptr), nullptr) << "one main window";
     EXPECT_EQ(FindWindowW(nullptr, L"About Quillory"), nullptr);
+    HWND page = OpenPage(main, L"m", L"MessagesSettingsWin");
+    ASSERT_NE(page, nullptr);
+    SendMessageW(PageControl(page, 2), BM_CLICK, 0, 0);  // a change, kept by the page's OK
+    ASSERT_TRUE(PressOk(page));
     CancelAndConfirm(first, main);
     EXPECT_EQ(RegValueCountTree(HKEY_CURRENT_USER, kProductPath), 0u) << "Cancel and Yes write nothing";
 }
