@@ -17,11 +17,12 @@ TEST(BitmapFile, OnlyWholePicturesPassAndDamageNeitherCrashesNorLoads) {
     std::string good = PlainBitmap(13, 5, RGB(1, 2, 3));
     for (size_t length = 0; length <= good.size(); ++length)
         EXPECT_EQ(Whole(good.substr(0, length)), length == good.size()) << length;
-    // offset, bytes, value, still whole: top-down rows; no width, too wide, compression, bit fields at 24 bits,
-    // a header of no known size, pixels inside the headers, two planes, an unknown depth, more than 256 colours
-    const int damages[][4] = {{22, 4, -5, 1},          {18, 4, 0, 0},  {18, 4, 5000, 0}, {30, 4, BI_RLE8, 0},
-                              {30, 4, BI_BITFIELDS, 0}, {14, 4, 20, 0}, {10, 4, 40, 0},   {26, 2, 2, 0},
-                              {28, 2, 3, 0},            {46, 4, 257, 0}};
+    // offset, bytes, value, still whole: top-down rows, 16 bits (shorter rows); no width, too wide, compression,
+    // bit fields at 24 bits, a header of no known size, pixels inside the headers, two planes, an unknown depth,
+    // more than 256 colours
+    const int damages[][4] = {{22, 4, -5, 1}, {28, 2, 16, 1}, {18, 4, 0, 0},  {18, 4, 5000, 0}, {30, 4, BI_RLE8, 0},
+                              {30, 4, BI_BITFIELDS, 0},       {14, 4, 20, 0}, {10, 4, 40, 0},   {26, 2, 2, 0},
+                              {28, 2, 12, 0},                 {46, 4, 257, 0}};
     for (const auto& damage : damages) {
         std::string bytes = good;
         memcpy(&bytes[damage[0]], &damage[2], damage[1]);

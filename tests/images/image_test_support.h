@@ -72,7 +72,8 @@ inline bool WriteModuleWithResources(const std::wstring& path, const std::vector
 struct Canvas {
     Canvas(int w, int h) : width(w), height(h), bitmap(CreateTopDownDib(w, h, &bits)), dc(CreateCompatibleDC(nullptr)) {
         SelectObject(dc.get(), bitmap.get());
-        for (int i = 0; i < w * h; ++i) bits[i] = static_cast<DWORD>(i * 2654435761u) & 0xFFFFFF;
+        for (int i = 0; i < w * h; ++i)  // white pixels too: every channel value 255 goes through the blends
+            bits[i] = i % 7 == 3 ? 0xFFFFFF : static_cast<DWORD>(i * 2654435761u) & 0xFFFFFF;
         original.assign(bits, bits + w * h);
     }
     int width, height;
