@@ -1,5 +1,3 @@
-// The alphabet selection run for real: the built-in rows and the files of the CustomAlphabets
-// folder, ticks from the flags and the Contacts\Alphabets key; OK rewrites the key, Cancel does not.
 #include "dialogs/alphabet_steps.h"
 #include "shell/application.h"
 

@@ -1,11 +1,7 @@
 #pragma once
 // What a user does in the file browser, as steps for a ModalScript: find its windows, pick and
 // activate list items, go up, press OK or Cancel.
-#include <windows.h>
-#include <commctrl.h>
-
 #include <algorithm>
-#include <string>
 
 #include "dialogs/file_browser.h"
 #include "modal_script.h"
@@ -38,7 +34,6 @@ inline void PickItem(HWND list, int index) {
 inline void ActivateItem(HWND list, const std::wstring& text) {
     PickItem(list, FindItem(list, text));
     SendMessageW(list, WM_KEYDOWN, VK_RETURN, 0);
-    SendMessageW(list, WM_KEYUP, VK_RETURN, 0);
 }
 
 // The Back key as the shell reports it once released.

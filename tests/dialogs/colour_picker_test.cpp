@@ -1,8 +1,7 @@
-// The colour picker driven through its real windows: sliders, number fields and the HTML field at
-// their boundaries, the range message, the palette (ids 1 and 2 included), Default and Cancel.
 #include "common/test_support.h"
 #include "dialogs/colour_picker.h"
 #include "modal_script.h"
+#include "shell/application.h"
 #include "support/app_state.h"
 
 namespace {
@@ -10,8 +9,7 @@ namespace {
 class ColourPickerTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
-        INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_TAB_CLASSES | ICC_BAR_CLASSES};
-        InitCommonControlsEx(&controls);
+        InitCommonControlsForProgram();
         g_app.instance = GetModuleHandleW(nullptr);
         g_app.languageLibrary = LoadLibraryW((TestBinDir() + L"\\QLEngRc.dll").c_str());
     }
@@ -20,11 +18,8 @@ protected:
         ModalScript script;
         script.Then([this] { return (dialog_ = ModalScript::FindDialog(L"Color")) != nullptr; });
         for (const ModalScript::Step& step : steps) script.Then(step);
-        ColourRequest request;
-        request.colour = colour;
-        request.allowDefault = true;
-        script.Play([&] { RunColourPicker(&request); });
-        return request.colour;
+        script.Play([&] { PickColour(&colour, true); });
+        return colour;
     }
     HWND Item(int id) { return GetDlgItem(dialog_, id); }
     // Palette buttons share ids 1 and 2 with OK and Cancel: found among the owner-drawn buttons.
@@ -34,12 +29,13 @@ protected:
                 return child;
         return nullptr;
     }
-    LRESULT Position(int i) { return SendMessageW(Item(kPickerRedSlider + i), TBM_GETPOS, 0, 0); }
-    // The red, green, blue and HTML fields.
-    std::wstring Shown() {
+    // The red, green, blue and HTML fields, and with `sliders` the slider positions before them.
+    std::wstring Shown(bool sliders = false) {
         std::wstring texts;
+        for (int i = 0; sliders && i < 3; ++i)
+            texts += std::to_wstring(SendMessageW(Item(kPickerRedSlider + i), TBM_GETPOS, 0, 0)) + L" ";
         for (int id : {kPickerRedField, kPickerRedField + 1, kPickerRedField + 2, kPickerHtmlField})
-            texts += WindowText(Item(id)) + L" ";
+            texts += L" " + WindowText(Item(id));
         return texts;
     }
     void Drag(int i, int position, int code = TB_THUMBTRACK) {
@@ -54,13 +50,11 @@ protected:
         return !leave || PostMessageW(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Item(kPickerTabs)), TRUE);
     }
     bool Post(int command) { return PostMessageW(dialog_, WM_COMMAND, command, 0); }
-    ModalScript::Step AnswerRangeMessage() {
-        return [] {
-            HWND box = ModalScript::FindDialog(L"Invalid value");
-            if (!box) return false;
-            EXPECT_NE(StaticTexts(box).find(L"Valid values are between 0-255"), std::wstring::npos);
-            return EndDialog(box, IDOK) != FALSE;
-        };
+    static bool AnswerRangeMessage() {
+        HWND box = ModalScript::FindDialog(L"Invalid value");
+        if (!box) return false;
+        EXPECT_NE(StaticTexts(box).find(L"Valid values are between 0-255"), std::wstring::npos);
+        return EndDialog(box, IDOK) != FALSE;
     }
     HWND dialog_ = nullptr;
 };
@@ -68,31 +62,26 @@ protected:
 TEST_F(ColourPickerTest, SlidersFieldsAndHtmlTruncateAndCheckAtTheirBoundaries) {
     COLORREF result = Run(RGB(1, 254, 255), {
         [&] {
-            EXPECT_EQ((std::vector<LRESULT>{Position(0), Position(1), Position(2)}),
-                      (std::vector<LRESULT>{0, 99, 100}));
-            EXPECT_EQ(Shown(), L"1 254 255 01FEFF ");
+            EXPECT_EQ(Shown(true), L"0 99 100  1 254 255 01FEFF");
             EXPECT_EQ(GetFocus(), Item(kPickerRedSlider));
             Drag(0, 1);
             EXPECT_EQ(WindowText(Item(kPickerRedField)), L"2") << "1 x 255 / 100";
             Drag(0, 100), Drag(1, 0), Drag(2, 50, TB_ENDTRACK);  // the end of a drag is not read
-            EXPECT_EQ(Shown(), L"255 0 255 FF00FF ");
             return TypeAndLeave(kPickerRedField + 1, L"256");
         },
-        AnswerRangeMessage(),
+        AnswerRangeMessage,
         [&] { return TypeAndLeave(kPickerRedField + 2, L"-1"); },
-        AnswerRangeMessage(),
+        AnswerRangeMessage,
         [&] {
-            EXPECT_EQ(Shown(), L"255 0 255 FF00FF ") << "both typings undone";
+            EXPECT_EQ(Shown(), L" 255 0 255 FF00FF") << "both typings undone";
             return TypeAndLeave(kPickerRedField, L"0");
         },
         [&] {
-            EXPECT_EQ(Shown(), L"0 0 255 0000FF ") << "0 is in range";
-            return Post(kPickerFirstTabCommand + 1);
+            EXPECT_EQ(Shown(), L" 0 0 255 0000FF") << "0 is in range";
+            return Post(kPickerFirstTabCommand + 1) && TypeAndLeave(kPickerHtmlField, L"00ff80");
         },
-        [&] { return TypeAndLeave(kPickerHtmlField, L"00ff80"); },
         [&] {
-            EXPECT_EQ(Shown(), L"0 255 128 00FF80 ");
-            EXPECT_EQ(Position(2), 50);
+            EXPECT_EQ(Shown(true), L"0 100 50  0 255 128 00FF80");
             return TypeAndLeave(kPickerHtmlField, L"C0", false) && Post(IDOK);  // only red can be read
         },
     });
@@ -101,16 +90,12 @@ TEST_F(ColourPickerTest, SlidersFieldsAndHtmlTruncateAndCheckAtTheirBoundaries) 
 
 TEST_F(ColourPickerTest, DefaultCancelAndThePalette) {
     EXPECT_EQ(Run(kNoColour, {[&] {
-        EXPECT_EQ(Shown(), L"255 255 255 FFFFFF ");
+        EXPECT_EQ(Shown(), L" 255 255 255 FFFFFF");
         return Drag(0, 0), SendMessageW(Item(kPickerDefaultButton), BM_CLICK, 0, 0), Post(IDOK);
     }}), kNoColour);
-    for (int cancel : {IDCANCEL, kPickerCancelCommand}) {
-        COLORREF colour = RGB(1, 2, 3);
-        ModalScript()
-            .Then([&] { return (dialog_ = ModalScript::FindDialog(L"Color")) && (Drag(0, 100), Post(cancel)); })
-            .Play([&] { EXPECT_FALSE(PickColour(&colour, true)); });
-        EXPECT_EQ(colour, RGB(1, 2, 3)) << "the caller keeps its colour";
-    }
+    for (int cancel : {IDCANCEL, kPickerCancelCommand})
+        EXPECT_EQ(Run(RGB(1, 2, 3), {[&] { return Drag(0, 100), Post(cancel); }}), RGB(1, 2, 3))
+            << "the caller keeps its colour";
     EXPECT_EQ(Run(0, {
         [&] { return Post(kPickerFirstTabCommand + 2); },
         [&] {
@@ -118,7 +103,7 @@ TEST_F(ColourPickerTest, DefaultCancelAndThePalette) {
             SendMessageW(Palette(1), BM_CLICK, 0, 0);  // chooses a colour, it is not OK
             EXPECT_EQ(WindowText(Item(kPickerHtmlField)), L"CCCCFF");
             SendMessageW(Palette(27), BM_CLICK, 0, 0);
-            EXPECT_EQ(Shown(), L"255 102 51 FF6633 ");
+            EXPECT_EQ(Shown(true), L"100 40 20  255 102 51 FF6633");
             SetFocus(Palette(45));
             return PostMessageW(Palette(45), WM_KEYDOWN, VK_UP, 0);
         },
@@ -129,8 +114,7 @@ TEST_F(ColourPickerTest, DefaultCancelAndThePalette) {
         },
         [&] {
             EXPECT_EQ(GetFocus(), Item(kPickerTabs)) << "past the grid: the tabs";
-            SendMessageW(Palette(49), BM_CLICK, 0, 0);
-            return Post(IDOK);
+            return SendMessageW(Palette(49), BM_CLICK, 0, 0), Post(IDOK);
         },
     }), 0x00330033u) << "#330033 as 0x00BBGGRR";
 }

@@ -1,6 +1,3 @@
-// The file and folder browser on real folders: what is listed and in which order, moving into and
-// out of folders, OK and Cancel in each variant, the name rules of Save File, and the folder the
-// next browser opens in.
 #include <random>
 
 #include "browser_steps.h"
@@ -69,11 +66,10 @@ TEST_F(FileBrowserTest, ListsFoldersFirstThenFilesEndingInTheExtensionAndCancelK
         EXPECT_FALSE(Browse(kind, root_, {[&](const BrowserWindows& b) {
             EXPECT_EQ(ListTexts(b.list), foldersOnly ? folders : all);
             EXPECT_EQ(SelectedText(b.list), L"Alpha");
-            EXPECT_EQ(WindowText(b.path), root_);
-            EXPECT_EQ(WindowText(b.extension), foldersOnly ? L"" : L"QL Settings Backup (qlsb)");
-            EXPECT_EQ(WindowText(b.name), save ? L"QL_Backup_2024_01_31" : L"");
+            EXPECT_EQ(WindowText(b.path) + L"|" + WindowText(b.extension) + L"|" + WindowText(b.name),
+                      root_ + (foldersOnly ? L"||" : save ? L"|QL Settings Backup (qlsb)|QL_Backup_2024_01_31"
+                                                          : L"|QL Settings Backup (qlsb)|"));
             EXPECT_EQ(GetFocus(), save ? b.name : b.list);
-            EXPECT_GT(ImageList_GetImageCount(ListView_GetImageList(b.list, LVSIL_SMALL)), 0) << "shell icons";
             SetFocus(b.list);
             PickItem(b.list, 1);
             SendMessageW(b.list, WM_KEYDOWN, VK_UP, 0);  // in Save File, Up on the first item goes to the name
@@ -144,7 +140,7 @@ TEST_F(FileBrowserTest, SelectFolderSetsWhereTheNextOpensAndNothingIsAboveTheRoo
 TEST_F(FileBrowserTest, SaveFileNameRulesOnSeededNames) {
     Texts names = {L"", L"bad?name", L"sub\\x", L"backup.qlsb"};
     std::mt19937 random(20240131);
-    for (int i = 0; i < 16; ++i) {
+    for (int i = 0; i < 8; ++i) {
         names.emplace_back(random() % 6, L' ');
         for (wchar_t& c : names.back()) c = L"/:*?\"<>|\\ ab.Z"[random() % 14];
     }
@@ -170,10 +166,7 @@ TEST_F(FileBrowserTest, SaveFileNameRulesOnSeededNames) {
             else expected = root_ + name + L".qlsb";
             return !expected.empty();
         }});
-        EXPECT_EQ(confirmed, !expected.empty());
-        if (confirmed) {
-            EXPECT_EQ(request_.result.c_str(), expected);
-        }
+        EXPECT_EQ(confirmed ? std::wstring(request_.result.c_str()) : L"", expected);
     }
 }
 

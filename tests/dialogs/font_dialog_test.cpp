@@ -1,5 +1,3 @@
-// The font dialog driven through its controls: the weight rule, the sizes 10 to 30, a colour chosen
-// with "Set" that stays when the dialog is cancelled; and the time column width the previews share.
 #include <tuple>
 
 #include "common/test_support.h"
@@ -26,7 +24,6 @@ bool RunOn(LOGFONTW* font, COLORREF* colour, std::initializer_list<std::function
 }
 
 bool Ticked(HWND dialog, int id) { return IsDlgButtonChecked(dialog, id) == BST_CHECKED; }
-LRESULT SizeShown(HWND dialog) { return SendDlgItemMessageW(dialog, IDC_FONT_SIZE_COMBO, CB_GETCURSEL, 0, 0); }
 bool Press(HWND window, int command) { return PostMessageW(window, WM_COMMAND, command, 0); }
 
 TEST(FontDialog, WeightAndSizeRules) {
@@ -40,28 +37,24 @@ TEST(FontDialog, WeightAndSizeRules) {
     for (const Case& c : cases) {
         LOGFONTW font = {c.height, 0, 0, 0, c.weight, TRUE, FALSE, TRUE};
         EXPECT_TRUE(RunOn(&font, &colour, {[&](HWND dialog) {
-            EXPECT_EQ(SizeShown(dialog), c.sizeShown) << c.height;
-            EXPECT_EQ(Ticked(dialog, IDC_FONT_BOLD), c.bold) << c.weight;
-            EXPECT_TRUE(Ticked(dialog, IDC_FONT_ITALIC) && Ticked(dialog, IDC_FONT_STRIKEOUT));
-            EXPECT_FALSE(Ticked(dialog, IDC_FONT_UNDERLINE));
+            EXPECT_EQ(std::make_tuple(SendDlgItemMessageW(dialog, IDC_FONT_SIZE_COMBO, CB_GETCURSEL, 0, 0),
+                                      Ticked(dialog, IDC_FONT_BOLD), Ticked(dialog, IDC_FONT_ITALIC),
+                                      Ticked(dialog, IDC_FONT_UNDERLINE), Ticked(dialog, IDC_FONT_STRIKEOUT)),
+                      std::make_tuple(c.sizeShown, c.bold, true, false, true))
+                << c.height << " " << c.weight;
             SendDlgItemMessageW(dialog, IDC_FONT_UNDERLINE, BM_CLICK, 0, 0);
             SendDlgItemMessageW(dialog, IDC_FONT_STRIKEOUT, BM_CLICK, 0, 0);
             return Press(dialog, IDOK);
         }}));
-        EXPECT_EQ(font.lfHeight, c.heightAfter);
-        EXPECT_EQ(font.lfWeight, c.weightAfter);
-        EXPECT_EQ(std::make_tuple(font.lfItalic, font.lfUnderline, font.lfStrikeOut),
-                  std::make_tuple(BYTE(1), BYTE(1), BYTE(0)));
+        EXPECT_EQ(std::make_tuple(font.lfHeight, font.lfWeight, font.lfItalic, font.lfUnderline, font.lfStrikeOut),
+                  std::make_tuple(c.heightAfter, c.weightAfter, BYTE(1), BYTE(1), BYTE(0)));
     }
 }
 
 TEST(FontDialog, CancelKeepsTheFontButAColourChosenWithSet) {
     LOGFONTW font = {14, 0, 0, 0, 100};
     COLORREF colour = RGB(1, 2, 3);
-    auto set = [](HWND dialog) {
-        return PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDC_FONT_SET_COLOR, BN_CLICKED),
-                            reinterpret_cast<LPARAM>(GetDlgItem(dialog, IDC_FONT_SET_COLOR)));
-    };
+    auto set = [](HWND dialog) { return Press(dialog, IDC_FONT_SET_COLOR); };
     auto inPicker = [](int command) {
         return [command](HWND) {
             HWND picker = ModalScript::FindDialog(L"Color");
@@ -96,12 +89,9 @@ TEST(TimeColumn, FollowsTheFormatIconsIndentAndLeadingRectangleOnceMeasured) {
     EXPECT_EQ(TimeColumnWidth(dc), 2) << "kept until forgotten";
     EXPECT_EQ(measure(7), 2 + 2 * 13 + 8) << "the larger icon pair, and the indent";
     g_settings.general.IndentItems.value = 2;  // only 1 indents
-    int multiday = measure(6) - 2 * 13 - 12;
-    int timed = measure(5) - 2 * 13 - 12;
-    EXPECT_GT(multiday, 20);
-    EXPECT_GT(timed, multiday) << "odd formats show the time as well";
-    EXPECT_EQ(measure(2), multiday + 2 * 13 + 12);
-    EXPECT_EQ(measure(1), timed + 2 * 13 + 12);
+    int multiday = measure(6) - 2 * 13 - 12, timed = measure(5) - 2 * 13 - 12;
+    EXPECT_TRUE(multiday > 20 && timed > multiday) << "odd formats show the time as well";
+    EXPECT_EQ(std::make_pair(measure(2), measure(1)), std::make_pair(multiday + 2 * 13 + 12, timed + 2 * 13 + 12));
     g_settings.fonts.FontGnrlUseAdvncd.value = 1;
     g_settings.fonts.FontCalApptBusy.font.lfHeight = 40;
     EXPECT_GT(measure(1) - 2 * 13 - 12, timed) << "advanced mode measures in the busy-appointment font";

@@ -1,6 +1,3 @@
-// The icon chooser run for real in both modes: the pictures offered, broken pictures shown as
-// "none", the answer for each way of leaving it, and the icon set kept under the IconSet key and
-// drawn by the item icon table.
 #include "common/bitmap_bytes.h"
 #include "dialogs/icon_chooser.h"
 #include "dialogs/modal_script.h"

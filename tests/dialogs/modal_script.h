@@ -1,8 +1,7 @@
 #pragma once
-// Drives a modal dialog from inside its own message loop: a thread timer plays a list of steps
-// while the loop runs. A step returns true when done, false to be tried again on the next tick
-// (for instance while a window is not up yet). When the steps take too long the test fails and
-// every dialog of the thread is ended, so a broken dialog cannot hang the test.
+// Drives a modal dialog from inside its own message loop: a thread timer plays steps while the loop
+// runs; a step returns false to be tried again on the next tick. Steps that take too long fail the
+// test and end every dialog of the thread, so a broken dialog cannot hang the test.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -93,19 +92,17 @@ inline std::wstring StaticTexts(HWND window) {
     return texts;
 }
 
-inline std::wstring ItemText(HWND list, int index) {
-    wchar_t text[MAX_PATH] = L"";
-    ListView_GetItemText(list, index, 0, text, MAX_PATH);
-    return text;
-}
-
 inline std::vector<std::wstring> ListTexts(HWND list) {
-    std::vector<std::wstring> texts;
-    for (int i = 0; i < ListView_GetItemCount(list); ++i) texts.push_back(ItemText(list, i));
+    std::vector<std::wstring> texts(ListView_GetItemCount(list));
+    for (int i = 0; i < static_cast<int>(texts.size()); ++i) {
+        wchar_t text[MAX_PATH] = L"";
+        ListView_GetItemText(list, i, 0, text, MAX_PATH);
+        texts[i] = text;
+    }
     return texts;
 }
 
 inline std::wstring SelectedText(HWND list) {
     int index = ListView_GetNextItem(list, -1, LVNI_SELECTED);
-    return index < 0 ? L"<none>" : ItemText(list, index);
+    return index < 0 ? L"<none>" : ListTexts(list)[index];
 }

@@ -1,6 +1,3 @@
-// The real main window built in-process as the program starts it: the categories and filters it
-// loads, the page grid and menu bar, its commands (Done, Cancel, Export and Import settings), and
-// the display scaling chosen at creation.
 #include <tuple>
 
 #include "common/bitmap_bytes.h"
@@ -69,13 +66,6 @@ protected:
         ASSERT_NE(window_, nullptr);
         PumpMessages();
     }
-    ProbePage* OpenProbePage() {
-        auto* page = new ProbePage;
-        CreatePageWindow(page, window_, L"ProbeSettingsWin", g_app.instance, g_app.normalFont, g_app.boldFont);
-        SetWindowTextW(window_, L"Probe");
-        g_app.currentPage = page;
-        return page;
-    }
     // Runs a backup command: in the browser titled `title` the user picks `item` (keeps the proposed
     // name when empty) and presses OK; returns the texts of the message box captioned `captionId`.
     std::wstring RunBackupCommand(UINT command, const wchar_t* title, const std::wstring& item, UINT captionId) {
@@ -97,7 +87,7 @@ protected:
     std::wstring proposed_;
 };
 
-TEST_F(MainWindow, StartUpLoadsCategoriesAndFiltersAndDoneClosesAPageThenSavesThemAll) {
+TEST_F(MainWindow, StartUpLoadsCategoriesAndFiltersCancelNoKeepsAllDoneClosesAPageThenSavesThemAll) {
     WriteBytes(folder_.file(L"Categories Database.cedb"), "4001001F=work\t40020002=1\n4001001F=Home\t40020002=2\n"
                                                           "4001001F=\t40020002=3\n4001001F=apple\t40020002=4\n");
     CreateDirectoryW(folder_.file(L"Icons").c_str(), nullptr);
@@ -124,14 +114,18 @@ TEST_F(MainWindow, StartUpLoadsCategoriesAndFiltersAndDoneClosesAPageThenSavesTh
                   std::make_tuple(n + 1, L"Mine " + std::to_wstring(n), n % 3, n != 5, n == 7));
     EXPECT_EQ(n, 32);
 
-    int stores = 0;
-    ProbePage* page = OpenProbePage();
-    page->storeCounter = &stores;
-    HWND pageWindow = page->window();
+    auto* page = new ProbePage;
+    HWND pageWindow = CreatePageWindow(page, window_, L"ProbeSettingsWin", g_app.instance, nullptr, nullptr);
+    SetWindowTextW(window_, L"Probe");
+    g_app.currentPage = page;
+    DialogAnswerer answerer(IDNO);
+    SendMessageW(window_, WM_COMMAND, kCommandCancel, 0);
+    ASSERT_TRUE(answerer.Wait());
+    EXPECT_EQ(answerer.caption() + L"|" + answerer.text(), English(40217) + L"|" + English(40216));
+    SendMessageW(window_, WM_COMMAND, 31337, 0);  // unknown commands are ignored
+    EXPECT_TRUE(IsWindow(window_) && IsWindow(pageWindow) && Title() == L"Probe") << "No keeps everything";
     SendMessageW(window_, WM_COMMAND, kCommandDone, 0);
-    EXPECT_TRUE(!IsWindow(pageWindow) && stores == 1) << "the page stored its values as it closed";
-    EXPECT_EQ(g_app.currentPage, nullptr);
-    EXPECT_EQ(Title(), L"QL Options");
+    EXPECT_TRUE(!IsWindow(pageWindow) && !g_app.currentPage && Title() == L"QL Options");
     PumpMessages();
     EXPECT_TRUE(IsWindow(window_) && g_broadcasts == 0) << "the first Done only closes the page";
 
@@ -153,7 +147,7 @@ TEST_F(MainWindow, StartUpLoadsCategoriesAndFiltersAndDoneClosesAPageThenSavesTh
     EXPECT_EQ(ReadBytes(folder_.file(L"QLFilters.txt")), FiltersFile()) << "the filters file written anew";
 }
 
-TEST_F(MainWindow, ShowsTwelvePagesEnterOpensTheFocusedOneAndTheMenuBarIsTheDevices) {
+TEST_F(MainWindow, ShowsTwelvePagesEnterOpensTheFocusedOneMenuBarEndsInDoneAndCancelAndYesToCancelSavesNothing) {
     Create();
     const UINT titleIds[12] = {40220, 40221, 40222, 40981, 41174, 40982, 40223, 40224, 40225, 40227, 40228, 40229};
     ASSERT_EQ(ListView_GetItemCount(g_app.pageList), 12);
@@ -163,52 +157,29 @@ TEST_F(MainWindow, ShowsTwelvePagesEnterOpensTheFocusedOneAndTheMenuBarIsTheDevi
         ListView_GetItem(g_app.pageList, &item);
         EXPECT_EQ(std::make_pair(std::wstring(text), item.iImage), std::make_pair(English(titleIds[i]), i));
     }
-    EXPECT_NE(ListView_GetImageList(g_app.pageList, LVSIL_NORMAL), nullptr) << "page icons from the display library";
     ListView_SetItemState(g_app.pageList, 1, LVIS_FOCUSED | LVIS_SELECTED, LVIS_FOCUSED | LVIS_SELECTED);
     SetFocus(g_app.pageList);
     SendMessageW(g_app.pageList, WM_KEYDOWN, VK_RETURN, 0);
     ASSERT_NE(g_app.currentPage, nullptr);
-    EXPECT_TRUE(IsWindowVisible(g_app.currentPage->window()));
-    EXPECT_EQ(Title(), English(40221));
+    EXPECT_TRUE(IsWindowVisible(g_app.currentPage->window()) && Title() == English(40221));
     SendMessageW(window_, kClosePageMessage, 0, 0);
-    EXPECT_EQ(g_app.currentPage, nullptr);
-    EXPECT_EQ(Title(), L"QL Options");
+    EXPECT_TRUE(!g_app.currentPage && Title() == L"QL Options");
 
-    HWND bar = g_app.menuBar;
-    ASSERT_EQ(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0), 3) << "the resource's first button gone, Done and Cancel added";
-    TBBUTTON buttons[3] = {};
-    for (int i = 0; i < 3; ++i) SendMessageW(bar, TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&buttons[i]));
-    EXPECT_NE(buttons[0].idCommand, kCommandDone);
-    EXPECT_EQ(std::make_tuple(buttons[1].idCommand, buttons[1].iBitmap, buttons[2].idCommand, buttons[2].iBitmap),
+    ASSERT_EQ(SendMessageW(g_app.menuBar, TB_BUTTONCOUNT, 0, 0), 3) << "the first button gone, Done and Cancel added";
+    TBBUTTON done = {}, cancel = {};
+    SendMessageW(g_app.menuBar, TB_GETBUTTON, 1, reinterpret_cast<LPARAM>(&done));
+    SendMessageW(g_app.menuBar, TB_GETBUTTON, 2, reinterpret_cast<LPARAM>(&cancel));
+    EXPECT_EQ(std::make_tuple(done.idCommand, done.iBitmap, cancel.idCommand, cancel.iBitmap),
               std::make_tuple(int(kCommandDone), 1, int(kCommandCancel), 0));
-    HMENU menu = GetSubMenu(reinterpret_cast<HMENU>(SendMessageW(bar, SHCMBM_GETMENU, 0, 0)), 1);
-    HMENU original = LoadMenuW(LoadLibraryW(kLanguageLibrary), MAKEINTRESOURCEW(102));
-    EXPECT_EQ(GetMenuItemCount(menu), GetMenuItemCount(GetSubMenu(original, 1)) - 2);
-    for (UINT command : {kCommandAbout, kCommandExport, kCommandImport})
-        EXPECT_NE(GetMenuState(menu, command, MF_BYCOMMAND), static_cast<UINT>(-1)) << command;
-    DestroyMenu(original);
-}
 
-TEST_F(MainWindow, CancelAsksAndNoLeavesEverythingWhileYesWritesNothing) {
-    Create();
-    ProbePage* page = OpenProbePage();
     g_settings.general.GoofyMode.set(1);
-    for (int answer : {IDNO, IDYES}) {
-        DialogAnswerer answerer(answer);
-        SendMessageW(window_, WM_COMMAND, kCommandCancel, 0);
-        ASSERT_TRUE(answerer.Wait());
-        EXPECT_EQ(answerer.caption() + L"|" + answerer.text(), English(40217) + L"|" + English(40216));
-        if (answer == IDYES) break;
-        SendMessageW(window_, WM_COMMAND, 31337, 0);  // unknown commands are ignored
-        EXPECT_TRUE(IsWindow(window_) && IsWindow(page->window()) && g_app.currentPage == page);
-        EXPECT_EQ(Title(), L"Probe");
-    }
+    DialogAnswerer answerer(IDYES);
+    SendMessageW(window_, WM_COMMAND, kCommandCancel, 0);
+    ASSERT_TRUE(answerer.Wait());
     EXPECT_FALSE(IsWindow(window_));
     PumpMessages();
     EXPECT_EQ(g_broadcasts, 0);
     EXPECT_EQ(RegValueCountTree(HKEY_CURRENT_USER, kProductPath), 0u) << "Cancel saves nothing";
-    delete g_app.currentPage;  // the program would end here with the page still open
-    g_app.currentPage = nullptr;
 }
 
 TEST_F(MainWindow, ExportProposesTodaysNameImportRestoresTheTreeOrRefusesAFileThatIsNoBackup) {
@@ -244,26 +215,17 @@ TEST_F(MainWindow, ExportProposesTodaysNameImportRestoresTheTreeOrRefusesAFileTh
 }
 
 TEST_F(MainWindow, ScalingAndDisplayLibraryFollowTheScreen) {
-    const struct {
-        int pixelsPerInch;
-        bool vga;
-        int scaled12;
-        const wchar_t* library;
-    } cases[] = {
-        {96, false, 12, L"LowDpiRes.dll"},
-        {143, false, 18, L"LowDpiRes.dll"},  // ScaleForDisplay(1) is still 1
-        {144, false, 18, L"HighDpiRes.dll"},
-        {96, true, 24, L"HighDpiRes.dll"},  // VGA mode doubles whatever the screen
+    const struct { int pixelsPerInch; bool vga; int scaled1, scaled12; const wchar_t* library; } cases[] = {
+        {143, false, 1, 18, L"LowDpiRes.dll"},
+        {144, false, 2, 18, L"HighDpiRes.dll"},  // 1.5 rounds up
+        {96, true, 2, 24, L"HighDpiRes.dll"},  // VGA mode doubles whatever the screen
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(::testing::Message() << c.pixelsPerInch << (c.vga ? " dpi, VGA" : " dpi"));
         RemoveProductKeys();
         if (c.vga) RegPutDword(HKEY_CURRENT_USER, kProductPath, L"MyVgaMode", 1);
         Create(c.pixelsPerInch);
-        EXPECT_EQ(ScaleForDisplay(12), c.scaled12);
-        LOGFONTW font = {};
-        GetObjectW(g_app.normalFont, sizeof font, &font);
-        EXPECT_EQ(font.lfHeight, c.scaled12);
+        EXPECT_EQ(std::make_pair(ScaleForDisplay(1), ScaleForDisplay(12)), std::make_pair(c.scaled1, c.scaled12));
         wchar_t path[MAX_PATH] = {};
         GetModuleFileNameW(g_app.displayLibrary, path, MAX_PATH);
         EXPECT_STREQ(wcsrchr(path, L'\\') + 1, c.library);

@@ -1,6 +1,6 @@
 #pragma once
-// A small settings page for window tests: two sections of ordinary rows, recording what the
-// framework asks of it.
+// A small settings page for window tests: two sections of ordinary rows, logging what the framework
+// asks of it.
 #include <string>
 #include <vector>
 
@@ -10,9 +10,7 @@
 class ProbePage : public SettingsPage {
 public:
     std::vector<std::string> log;
-    int sections = 2, moves = 0, lastCommandControl = -1, storedSelection = -2;
-    bool storedWhileControlsAlive = false, storedCheck = false;
-    int* storeCounter = nullptr;
+    int sections = 2, moves = 0, lastCommandControl = -1;
     using SettingsPage::IsChecked;
     using SettingsPage::Selection;
 
@@ -34,12 +32,10 @@ public:
         if (CurrentSection() == 0) ShowControls(0, 2, show), ShowControls(6, 7, show);
         if (CurrentSection() == 1) ShowControls(3, 5, show);
     }
+    // Logs "store", whether the controls were still there, the check box and the combo row's selection.
     void StoreValues(HWND) override {
-        storedWhileControlsAlive = IsWindow(control(2)) && IsWindow(control(1));
-        storedCheck = IsChecked(2);
-        storedSelection = Selection(1);
-        log.push_back("store");
-        if (storeCounter) ++*storeCounter;
+        log.push_back("store " + std::to_string(IsWindow(control(2)) && IsWindow(control(1))) + " " +
+                      std::to_string(IsChecked(2)) + " " + std::to_string(Selection(1)));
     }
     LRESULT OnMove(HWND) override { return ++moves, 0; }
     LRESULT OnCommand(HWND, UINT, WPARAM, LPARAM lParam) override {
