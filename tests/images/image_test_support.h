@@ -38,41 +38,38 @@ inline Rgba PixelAt(const SkinImage& image, int x, int y) {
     size_t i = static_cast<size_t>(y) * image.width + x;
     return {image.red[i], image.green[i], image.blue[i], image.alpha[i]};
 }
-// The planes, top row first.
 inline std::vector<Rgba> Pixels(const SkinImage& image) {
     std::vector<Rgba> pixels;
     for (int i = 0; i < image.width * image.height; ++i)
         pixels.push_back(PixelAt(image, i % image.width, i / image.width));
     return pixels;
 }
-inline HRESULT DecodeBytes(SkinImage& image, const std::string& bytes) {
-    return DecodeTga(image, reinterpret_cast<const BYTE*>(bytes.data()), bytes.size());
-}
 inline bool IsEmpty(const SkinImage& image) {
     return !image.red && !image.green && !image.blue && !image.alpha && image.width == 0 && image.height == 0;
 }
+inline HRESULT DecodeBytes(SkinImage& image, const std::string& bytes) {
+    return DecodeTga(image, reinterpret_cast<const BYTE*>(bytes.data()), bytes.size());
+}
 
-// A copy of a built resource library with resources (type, name, bytes) added, written to `path`.
+// A copy of a built resource library with resources {type, name, bytes} added, written to `path`.
 struct TestResource {
     const wchar_t* type;
     const wchar_t* name;
     std::string data;
 };
 inline bool WriteModuleWithResources(const std::wstring& path, const std::vector<TestResource>& resources) {
-    HANDLE update = nullptr;
-    if (!CopyFileW((TestBinDir() + L"\\LowDpiRes.dll").c_str(), path.c_str(), FALSE) ||
-        !(update = BeginUpdateResourceW(path.c_str(), FALSE)))
-        return false;
+    if (!CopyFileW((TestBinDir() + L"\\LowDpiRes.dll").c_str(), path.c_str(), FALSE)) return false;
+    HANDLE update = BeginUpdateResourceW(path.c_str(), FALSE);
     for (const TestResource& r : resources)
         UpdateResourceW(update, r.type, r.name, 0, const_cast<char*>(r.data.data()), static_cast<DWORD>(r.data.size()));
-    return EndUpdateResourceW(update, FALSE) != FALSE;
+    return update && EndUpdateResourceW(update, FALSE);
 }
 
-// A 32-bit top-down DIB section selected into a memory DC (released first), filled with a varied pattern.
+// A 32-bit top-down DIB section in a memory DC, of varied and white pixels (channel value 255 is blended too).
 struct Canvas {
     Canvas(int w, int h) : width(w), height(h), bitmap(CreateTopDownDib(w, h, &bits)), dc(CreateCompatibleDC(nullptr)) {
         SelectObject(dc.get(), bitmap.get());
-        for (int i = 0; i < w * h; ++i)  // white pixels too: every channel value 255 goes through the blends
+        for (int i = 0; i < w * h; ++i)
             bits[i] = i % 7 == 3 ? 0xFFFFFF : static_cast<DWORD>(i * 2654435761u) & 0xFFFFFF;
         original.assign(bits, bits + w * h);
     }
