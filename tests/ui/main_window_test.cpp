@@ -1,6 +1,5 @@
 #include <tuple>
 
-#include "common/bitmap_bytes.h"
 #include "common/dialog_answer.h"
 #include "dialogs/browser_steps.h"
 #include "files/categories.h"
@@ -66,8 +65,7 @@ protected:
         ASSERT_NE(window_, nullptr);
         PumpMessages();
     }
-    // Runs a backup command: in the browser titled `title` the user picks `item` (keeps the proposed
-    // name when empty) and presses OK; returns the texts of the message box captioned `captionId`.
+    // In the browser titled `title` picks `item` (none: the proposed name) and OK; returns the message.
     std::wstring RunBackupCommand(UINT command, const wchar_t* title, const std::wstring& item, UINT captionId) {
         std::wstring message;
         ModalScript().Then([&] {
@@ -81,7 +79,6 @@ protected:
         }).Play([&] { SendMessageW(window_, WM_COMMAND, command, 0); });
         return message;
     }
-    std::wstring Title() { return WindowText(window_); }
     ScratchFolder folder_{L"main_window"};
     HWND window_ = nullptr, listener_ = nullptr;
     std::wstring proposed_;
@@ -90,11 +87,8 @@ protected:
 TEST_F(MainWindow, StartUpLoadsCategoriesAndFiltersCancelNoKeepsAllDoneClosesAPageThenSavesThemAll) {
     WriteBytes(folder_.file(L"Categories Database.cedb"), "4001001F=work\t40020002=1\n4001001F=Home\t40020002=2\n"
                                                           "4001001F=\t40020002=3\n4001001F=apple\t40020002=4\n");
-    CreateDirectoryW(folder_.file(L"Icons").c_str(), nullptr);
-    WriteBytes(folder_.file(L"Icons\\Home.bmp"), PlainBitmap(4, 4, RGB(1, 2, 3)));
     WriteBytes(folder_.file(L"QLFilters.txt"), FiltersFile());
     RegPutString(HKEY_CURRENT_USER, kProductPath, L"QLFiltersFileFolder", folder_.path().c_str());
-    RegPutString(HKEY_CURRENT_USER, kProductPath, L"QLIconsFolder", folder_.file(L"Icons").c_str());
     RegPutDword(HKEY_CURRENT_USER, kCategories, L"CatColor.work", 0x123456);
     RegPutDword(HKEY_CURRENT_USER, kCategories, L"CatFilter.Home", 5);
     Create();
@@ -104,7 +98,6 @@ TEST_F(MainWindow, StartUpLoadsCategoriesAndFiltersCancelNoKeepsAllDoneClosesAPa
     EXPECT_EQ(categories, L"apple 4, Home 2, work 1, ");
     CategoryRecord *home = FindCategory(g_categories, L"Home"), *work = FindCategory(g_categories, L"work");
     ASSERT_TRUE(home && work);
-    EXPECT_TRUE(home->icon.get() && !work->icon.get()) << "icons from the icons folder";
     EXPECT_EQ(std::make_tuple(work->colour, work->filterMask, home->colour, home->filterMask),
               std::make_tuple(0x123456ul, 0ul, kNoCategoryColour, 5ul));
     int n = 0;
@@ -122,12 +115,9 @@ TEST_F(MainWindow, StartUpLoadsCategoriesAndFiltersCancelNoKeepsAllDoneClosesAPa
     SendMessageW(window_, WM_COMMAND, kCommandCancel, 0);
     ASSERT_TRUE(answerer.Wait());
     EXPECT_EQ(answerer.caption() + L"|" + answerer.text(), English(40217) + L"|" + English(40216));
-    SendMessageW(window_, WM_COMMAND, 31337, 0);  // unknown commands are ignored
-    EXPECT_TRUE(IsWindow(window_) && IsWindow(pageWindow) && Title() == L"Probe") << "No keeps everything";
+    EXPECT_TRUE(IsWindow(window_) && IsWindow(pageWindow) && WindowText(window_) == L"Probe") << "No keeps everything";
     SendMessageW(window_, WM_COMMAND, kCommandDone, 0);
-    EXPECT_TRUE(!IsWindow(pageWindow) && !g_app.currentPage && Title() == L"QL Options");
-    PumpMessages();
-    EXPECT_TRUE(IsWindow(window_) && g_broadcasts == 0) << "the first Done only closes the page";
+    EXPECT_TRUE(!IsWindow(pageWindow) && !g_app.currentPage && WindowText(window_) == L"QL Options");
 
     work->colour = kNoCategoryColour;
     home->colour = 0xABCDEF;
@@ -138,7 +128,7 @@ TEST_F(MainWindow, StartUpLoadsCategoriesAndFiltersCancelNoKeepsAllDoneClosesAPa
     EXPECT_FALSE(IsWindow(window_));
     PumpMessages();
     EXPECT_EQ(g_broadcasts, 1);
-    EXPECT_EQ(RegValueCount(HKEY_CURRENT_USER, kProductPath), 3u) << "GoofyMode and the two folders";
+    EXPECT_EQ(RegValueCount(HKEY_CURRENT_USER, kProductPath), 2u) << "GoofyMode and the filters folder";
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kProductPath, L"GoofyMode", 1);
     EXPECT_EQ(RegValueCount(HKEY_CURRENT_USER, kCalendarPath), 0u);
     EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kCategories, L"CatColor.work");
@@ -147,23 +137,59 @@ TEST_F(MainWindow, StartUpLoadsCategoriesAndFiltersCancelNoKeepsAllDoneClosesAPa
     EXPECT_EQ(ReadBytes(folder_.file(L"QLFilters.txt")), FiltersFile()) << "the filters file written anew";
 }
 
-TEST_F(MainWindow, ShowsTwelvePagesEnterOpensTheFocusedOneMenuBarEndsInDoneAndCancelAndYesToCancelSavesNothing) {
+TEST_F(MainWindow, ExportProposesTodaysNameImportRestoresTheTreeOrRefusesAFileThatIsNoBackup) {
     Create();
-    const UINT titleIds[12] = {40220, 40221, 40222, 40981, 41174, 40982, 40223, 40224, 40225, 40227, 40228, 40229};
-    ASSERT_EQ(ListView_GetItemCount(g_app.pageList), 12);
-    for (int i = 0; i < 12; ++i) {
-        wchar_t text[256] = {};
-        LVITEMW item = {LVIF_TEXT | LVIF_IMAGE, i, 0, 0, 0, text, 256};
-        ListView_GetItem(g_app.pageList, &item);
-        EXPECT_EQ(std::make_pair(std::wstring(text), item.iImage), std::make_pair(English(titleIds[i]), i));
+    RegPutDword(HKEY_CURRENT_USER, kProductPath, L"GoofyMode", 1);
+    RegPutString(HKEY_CURRENT_USER, kCalendarPath, L"MailCustomInboxStr", L"Inbox \"two\"");
+    SetBrowserLastFolder((folder_.path() + L"\\").c_str());
+    WriteBytes(folder_.file(L"notes.qlsb"), Utf16Bytes(L"Just some notes\n"));
+    wchar_t today[32] = {};
+    GetDateFormatW(LOCALE_USER_DEFAULT, 0, nullptr, L"yyyy_MM_dd", today, 32);
+    std::wstring name = L"QL_Backup_" + std::wstring(today) + L".qlsb", path = folder_.path() + L"\\" + name;
+    std::wstring message = RunBackupCommand(kCommandExport, L"Export QL Settings", L"", 40209);
+    EXPECT_NE(message.find(L"\n" + English(40208) + L" \"" + path + L"\"\n"), std::wstring::npos);
+    EXPECT_EQ(proposed_ + L".qlsb", name);
+
+    RegPutDword(HKEY_CURRENT_USER, kProductPath, L"GoofyMode", 0);
+    RunBackupCommand(kCommandImport, L"Import QL Settings", L"notes.qlsb", 40213);
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, kProductPath, L"GoofyMode", 0) << "nothing read, nothing deleted";
+
+    RegPutDword(HKEY_CURRENT_USER, kProductPath, L"Stray", 5);
+    RunBackupCommand(kCommandImport, L"Import QL Settings", name, 40215);
+    EXPECT_FALSE(IsWindow(window_)) << "a successful import ends the program";
+    PumpMessages();
+    EXPECT_EQ(g_broadcasts, 1);
+    EXPECT_REG_DWORD(HKEY_CURRENT_USER, kProductPath, L"GoofyMode", 1);
+    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kProductPath, L"Stray");
+    EXPECT_REG_STRING(HKEY_CURRENT_USER, kCalendarPath, L"MailCustomInboxStr", L"Inbox \"two\"");
+}
+
+TEST_F(MainWindow, ScalingAndDisplayLibraryFollowTheScreenTheGridOpensPagesAndYesToCancelSavesNothing) {
+    const struct { int pixelsPerInch; bool vga; int scaled1, scaled12; const wchar_t* library; } cases[] = {
+        {96, true, 2, 24, L"HighDpiRes.dll"},  // VGA mode doubles whatever the screen
+        {143, false, 1, 18, L"LowDpiRes.dll"},
+        {144, false, 2, 18, L"HighDpiRes.dll"},  // 1.5 rounds up
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(::testing::Message() << c.pixelsPerInch << (c.vga ? " dpi, VGA" : " dpi"));
+        DestroyWindow(window_);  // the last one stays open
+        PumpMessages();
+        RemoveProductKeys();
+        if (c.vga) RegPutDword(HKEY_CURRENT_USER, kProductPath, L"MyVgaMode", 1);
+        Create(c.pixelsPerInch);
+        EXPECT_EQ(std::make_pair(ScaleForDisplay(1), ScaleForDisplay(12)), std::make_pair(c.scaled1, c.scaled12));
+        wchar_t path[MAX_PATH] = {};
+        GetModuleFileNameW(g_app.displayLibrary, path, MAX_PATH);
+        EXPECT_STREQ(wcsrchr(path, L'\\') + 1, c.library);
     }
+    ASSERT_EQ(ListView_GetItemCount(g_app.pageList), 12);
     ListView_SetItemState(g_app.pageList, 1, LVIS_FOCUSED | LVIS_SELECTED, LVIS_FOCUSED | LVIS_SELECTED);
     SetFocus(g_app.pageList);
     SendMessageW(g_app.pageList, WM_KEYDOWN, VK_RETURN, 0);
     ASSERT_NE(g_app.currentPage, nullptr);
-    EXPECT_TRUE(IsWindowVisible(g_app.currentPage->window()) && Title() == English(40221));
+    EXPECT_TRUE(IsWindowVisible(g_app.currentPage->window()) && WindowText(window_) == English(40221));
     SendMessageW(window_, kClosePageMessage, 0, 0);
-    EXPECT_TRUE(!g_app.currentPage && Title() == L"QL Options");
+    EXPECT_TRUE(!g_app.currentPage && WindowText(window_) == L"QL Options");
 
     ASSERT_EQ(SendMessageW(g_app.menuBar, TB_BUTTONCOUNT, 0, 0), 3) << "the first button gone, Done and Cancel added";
     TBBUTTON done = {}, cancel = {};
@@ -180,58 +206,7 @@ TEST_F(MainWindow, ShowsTwelvePagesEnterOpensTheFocusedOneMenuBarEndsInDoneAndCa
     PumpMessages();
     EXPECT_EQ(g_broadcasts, 0);
     EXPECT_EQ(RegValueCountTree(HKEY_CURRENT_USER, kProductPath), 0u) << "Cancel saves nothing";
-}
 
-TEST_F(MainWindow, ExportProposesTodaysNameImportRestoresTheTreeOrRefusesAFileThatIsNoBackup) {
-    Create();
-    RegPutDword(HKEY_CURRENT_USER, kProductPath, L"GoofyMode", 1);
-    RegPutString(HKEY_CURRENT_USER, kCalendarPath, L"MailCustomInboxStr", L"Inbox \"two\"");
-    SetBrowserLastFolder((folder_.path() + L"\\").c_str());
-    WriteBytes(folder_.file(L"notes.qlsb"), Utf16Bytes(L"Just some notes\n"));
-    wchar_t today[32] = {};
-    GetDateFormatW(LOCALE_USER_DEFAULT, 0, nullptr, L"yyyy_MM_dd", today, 32);
-    std::wstring name = L"QL_Backup_" + std::wstring(today) + L".qlsb", path = folder_.path() + L"\\" + name;
-    std::wstring message = RunBackupCommand(kCommandExport, L"Export QL Settings", L"", 40209);
-    EXPECT_NE(message.find(L"\n" + English(40208) + L" \"" + path + L"\"\n"), std::wstring::npos);
-    EXPECT_EQ(proposed_ + L".qlsb", name);
-    EXPECT_EQ(ReadBytes(path).substr(0, 2), std::string("\n\0", 2)) << "UTF-16, first line empty, no byte-order mark";
-
-    RegPutDword(HKEY_CURRENT_USER, kProductPath, L"GoofyMode", 0);
-    message = RunBackupCommand(kCommandImport, L"Import QL Settings", L"notes.qlsb", 40213);
-    EXPECT_NE(message.find(L"\n" + English(40212) + L"\n"), std::wstring::npos);
-    EXPECT_REG_DWORD(HKEY_CURRENT_USER, kProductPath, L"GoofyMode", 0) << "nothing read, nothing deleted";
-    PumpMessages();
-    EXPECT_TRUE(IsWindow(window_) && g_broadcasts == 0) << "export and a failed import keep the program open";
-
-    RegPutDword(HKEY_CURRENT_USER, kProductPath, L"Stray", 5);
-    message = RunBackupCommand(kCommandImport, L"Import QL Settings", name, 40215);
-    EXPECT_NE(message.find(L"\n" + English(40214) + L"\n"), std::wstring::npos);
-    EXPECT_FALSE(IsWindow(window_)) << "a successful import ends the program";
-    PumpMessages();
-    EXPECT_EQ(g_broadcasts, 1);
-    EXPECT_REG_DWORD(HKEY_CURRENT_USER, kProductPath, L"GoofyMode", 1);
-    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kProductPath, L"Stray");
-    EXPECT_REG_STRING(HKEY_CURRENT_USER, kCalendarPath, L"MailCustomInboxStr", L"Inbox \"two\"");
-}
-
-TEST_F(MainWindow, ScalingAndDisplayLibraryFollowTheScreen) {
-    const struct { int pixelsPerInch; bool vga; int scaled1, scaled12; const wchar_t* library; } cases[] = {
-        {143, false, 1, 18, L"LowDpiRes.dll"},
-        {144, false, 2, 18, L"HighDpiRes.dll"},  // 1.5 rounds up
-        {96, true, 2, 24, L"HighDpiRes.dll"},  // VGA mode doubles whatever the screen
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(::testing::Message() << c.pixelsPerInch << (c.vga ? " dpi, VGA" : " dpi"));
-        RemoveProductKeys();
-        if (c.vga) RegPutDword(HKEY_CURRENT_USER, kProductPath, L"MyVgaMode", 1);
-        Create(c.pixelsPerInch);
-        EXPECT_EQ(std::make_pair(ScaleForDisplay(1), ScaleForDisplay(12)), std::make_pair(c.scaled1, c.scaled12));
-        wchar_t path[MAX_PATH] = {};
-        GetModuleFileNameW(g_app.displayLibrary, path, MAX_PATH);
-        EXPECT_STREQ(wcsrchr(path, L'\\') + 1, c.library);
-        DestroyWindow(window_);
-        PumpMessages();
-    }
     g_app.vgaMode = false;
     g_app.pixelsPerInchX = 192;
     g_app.pixelsPerInchY = 0;  // not read yet: 96

@@ -1,6 +1,5 @@
 #pragma once
-// A small settings page for window tests: two sections of ordinary rows, logging what the framework
-// asks of it.
+// A settings page of two sections for window tests, logging what the framework asks of it.
 #include <string>
 #include <vector>
 
@@ -10,15 +9,14 @@
 class ProbePage : public SettingsPage {
 public:
     std::vector<std::string> log;
-    int sections = 2, moves = 0, lastCommandControl = -1;
+    int lastCommandControl = -1;
     using SettingsPage::IsChecked;
     using SettingsPage::Selection;
 
-    int GetSectionCount() override { return sections; }
+    int GetSectionCount() override { return 2; }
     UINT GetSectionTitleId(int index) override { return 40240 + index; }
     int GetControlCount() override { return 8; }
-    // Section 0: a combo row with no selection, a check box and an editable combo row; section 1
-    // a path row.
+    // Section 0: a combo row selecting nothing, a check box, an editable combo row; section 1: a path row.
     void CreateControls(HWND) override {
         static const UINT items[] = {31, 32, 40657};
         int y = ScaleForDisplayY(8);
@@ -32,12 +30,11 @@ public:
         if (CurrentSection() == 0) ShowControls(0, 2, show), ShowControls(6, 7, show);
         if (CurrentSection() == 1) ShowControls(3, 5, show);
     }
-    // Logs "store", whether the controls were still there, the check box and the combo row's selection.
+    // Logs "store", whether the controls are still there, the check box and the first combo's selection.
     void StoreValues(HWND) override {
         log.push_back("store " + std::to_string(IsWindow(control(2)) && IsWindow(control(1))) + " " +
                       std::to_string(IsChecked(2)) + " " + std::to_string(Selection(1)));
     }
-    LRESULT OnMove(HWND) override { return ++moves, 0; }
     LRESULT OnCommand(HWND, UINT, WPARAM, LPARAM lParam) override {
         lastCommandControl = ControlNumberOf(reinterpret_cast<HWND>(lParam));
         return 0;
