@@ -39,32 +39,17 @@ std::string Drawn(Draw draw) {
     return rows;
 }
 
-TEST(TransparentImage, DrawsABitmapOrAContextStretchedWithoutTheKeyColour) {
+TEST(TransparentImage, DrawsABitmapStretchedWithoutTheKeyColourAndRefusesEmptyShapes) {
     HBITMAP source = MakeBitmap(2, 2, {kKey, kInk, kInk, kKey});
     EXPECT_EQ(Drawn([&](HDC dc) { EXPECT_TRUE(TransparentImage(dc, 0, 0, 4, 4, source, 0, 0, 2, 2, kKey)); }),
               "..xx|..xx|xx..|xx..");
-    EXPECT_EQ(Drawn([&](HDC dc) { EXPECT_TRUE(TransparentImage(dc, 1, 2, 3, 2, source, 1, 0, 1, 2, kKey)); }),
-              "....|....|.xxx|....");
-
-    // The bitmap was put back: selected into another context now, it is refused and that context draws.
-    HDC other = CreateCompatibleDC(nullptr);
-    HGDIOBJ previous = SelectObject(other, source);
-    ASSERT_NE(previous, nullptr);
-    HBRUSH brush = CreateSolidBrush(kInk);
     EXPECT_EQ(Drawn([&](HDC dc) {
-                  EXPECT_FALSE(TransparentImage(dc, 0, 0, 2, 2, source, 0, 0, 2, 2, kKey));
-                  EXPECT_FALSE(TransparentImage(dc, 0, 0, -2, 2, other, 0, 0, 2, 2, kKey));
-                  EXPECT_FALSE(TransparentImage(dc, 0, 0, 2, 0, other, 0, 0, 2, 2, kKey));
-                  EXPECT_FALSE(TransparentImage(dc, 0, 0, 2, 2, other, 0, 0, 2, -1, kKey));
+                  EXPECT_FALSE(TransparentImage(dc, 0, 0, -2, 2, source, 0, 0, 2, 2, kKey));
+                  EXPECT_FALSE(TransparentImage(dc, 0, 0, 2, 2, source, 0, 0, 2, 0, kKey));
                   EXPECT_FALSE(TransparentImage(dc, 0, 0, 2, 2, nullptr, 0, 0, 2, 2, kKey));
-                  EXPECT_FALSE(TransparentImage(dc, 0, 0, 2, 2, brush, 0, 0, 2, 2, kKey)) << "neither bitmap nor context";
-                  EXPECT_FALSE(TransparentImage(nullptr, 0, 0, 2, 2, other, 0, 0, 2, 2, kKey));
-                  EXPECT_TRUE(TransparentImage(dc, 2, 2, 2, 2, other, 0, 0, 2, 2, kKey));
+                  EXPECT_TRUE(TransparentImage(dc, 1, 2, 3, 2, source, 1, 0, 1, 2, kKey)) << "drawn again: put back";
               }),
-              "....|....|...x|..x.");
-    DeleteObject(brush);
-    SelectObject(other, previous);
-    DeleteDC(other);
+              "....|....|.xxx|....");
     DeleteObject(source);
 }
 
@@ -77,9 +62,8 @@ TEST(SHLoadDIBitmap, LoadsABitmapFileAsADibSectionAndRefusesTheRest) {
     EXPECT_TRUE(section.dsBm.bmWidth == 3 && section.dsBm.bmHeight == 2);
     DeleteObject(bitmap);
     WriteBytes(folder.file(L"text.bmp"), "not a bitmap at all");
-    for (std::wstring path : {folder.file(L"missing.bmp"), folder.file(L"text.bmp"), std::wstring()}) {
-        EXPECT_EQ(SHLoadDIBitmap(path.c_str()), nullptr);
-    }
+    EXPECT_EQ(SHLoadDIBitmap(folder.file(L"missing.bmp").c_str()), nullptr);
+    EXPECT_EQ(SHLoadDIBitmap(folder.file(L"text.bmp").c_str()), nullptr);
     EXPECT_EQ(SHLoadDIBitmap(nullptr), nullptr);
 }
 
