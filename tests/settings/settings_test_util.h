@@ -1,6 +1,5 @@
 #pragma once
-// Shared by the settings tests and others: the product's keys, cleaning them, counting values, and
-// looking at a loaded record.
+// The product's keys, cleaning them, counting values, and looking at a loaded record.
 #include <windows.h>
 
 #include <memory>
@@ -42,17 +41,6 @@ inline DWORD RegValueCount(HKEY root, const std::wstring& path, bool tree = fals
     return total;
 }
 inline DWORD RegValueCountTree(HKEY root, const std::wstring& path) { return RegValueCount(root, path, true); }
-
-// A record of its own for each test, loaded with a language library slot of its own.
-struct LoadedRecord {
-    std::unique_ptr<SettingsRecord> record{new SettingsRecord};
-    HMODULE library = nullptr;
-    ~LoadedRecord() {
-        if (library) FreeLibrary(library);
-    }
-    SettingsRecord* operator->() { return record.get(); }
-    void load() { LoadSettings(*record, library); }
-};
 
 inline std::string Narrow(const std::wstring& text) {
     std::string out;
