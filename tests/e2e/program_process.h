@@ -37,24 +37,18 @@ private:
     PROCESS_INFORMATION process_ = {};
 };
 
-// Polls for a top-level window of `className` (any class when null) titled `title` (any when null).
-inline HWND WaitForTopWindow(const wchar_t* className, const wchar_t* title, DWORD ms = 20000) {
-    for (DWORD start = GetTickCount(); GetTickCount() - start < ms; Sleep(50))
-        if (HWND window = FindWindowW(className, title)) return window;
-    return nullptr;
-}
-
 inline bool WaitForGone(HWND window, DWORD ms = 10000) {
     for (DWORD start = GetTickCount(); IsWindow(window) && GetTickCount() - start < ms;) Sleep(50);
     return !IsWindow(window);
 }
 
-// The top-level window `className` titled `title` (any when null) once it is visible, or null.
+// The top-level window of `className` titled `title` (either any when null) once it is visible, or null.
 inline HWND WaitForShown(const wchar_t* className, const wchar_t* title = nullptr) {
-    HWND window = WaitForTopWindow(className, title);
-    for (DWORD start = GetTickCount(); window && !IsWindowVisible(window); Sleep(50))
-        if (!IsWindow(window) || GetTickCount() - start > 10000) return nullptr;
-    return window;
+    for (DWORD start = GetTickCount(); GetTickCount() - start < 20000; Sleep(50)) {
+        HWND window = FindWindowW(className, title);
+        if (window && IsWindowVisible(window)) return window;
+    }
+    return nullptr;
 }
 
 // Picks a page in the grid by typing the start of its title (key presses of repeat count 1), then

@@ -1,5 +1,4 @@
-// The real program started as its own process: single instance, the "About" start and Cancel's
-// yes/no.
+// The real program as its own process: single instance, the "About" start and Cancel's yes/no.
 #include "common/dialog_answer.h"
 #include "common/test_support.h"
 #include "e2e/program_process.h"
@@ -45,7 +44,7 @@ TEST_F(ProgramTest, SecondStartEndsAtOnceAndCancelYesDropsAChangedPage) {
 
 TEST_F(ProgramTest, AboutOnTheCommandLineShowsTheAboutBoxBeforeTheMainWindow) {
     ProgramProcess program(L"About");
-    HWND about = WaitForTopWindow(nullptr, L"About Quillory");
+    HWND about = WaitForShown(nullptr, L"About Quillory");
     ASSERT_NE(about, nullptr);
     HWND main = FindWindowW(L"QL_OPTIONS", L"QL Options");
     ASSERT_NE(main, nullptr);

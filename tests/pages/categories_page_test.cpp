@@ -1,8 +1,8 @@
-// The Categories page on a seeded registry, a scratch icons folder and the 32 filters: the filter
-// tab that follows its check box, the editor's numbering against the default filters, a rename,
-// icons copied and deleted at once through the real chooser, and a values round trip.
+// The Categories page: the filter tab that follows its check box, the editor's numbering against
+// the default filters, a rename, icons copied and deleted at once, the rows as drawn.
 #include "common/bitmap_bytes.h"
 #include "page_fixture.h"
+#include "support/handles.h"
 
 namespace {
 
@@ -13,8 +13,7 @@ const wchar_t kLook[] = L"Software\\Orvane\\Quillory\\Categories";
 class CategoriesPage : public PageFixture {
 protected:
     void TearDown() override { PageFixture::TearDown(), ClearFilters(g_filters); }
-    // Seeds the icons folder and the filter switch, lists the categories with their look and opens
-    // the page.
+    // The icons folder, the filter switch and the categories with their look; then the page.
     void OpenWith(Texts names) {
         RegPutString(HKEY_CURRENT_USER, kProductPath, L"QLIconsFolder", icons_.path().c_str());
         RegPutDword(HKEY_CURRENT_USER, kProductPath, L"FilterMethodToUse", 1);
@@ -23,41 +22,35 @@ protected:
         if (!g_filters.head) MakeDefaultFilters(g_filters);
         Open(11);
     }
+    // The selection change alone, as the list sends it while the user scrolls through it.
     void PickFilter(int entry) {
         SendMessageW(Control(kFilterCombo), CB_SETCURSEL, entry, 0);
         SendMessageW(page_->window(), WM_COMMAND, MAKEWPARAM(0, CBN_SELCHANGE), (LPARAM)Control(kFilterCombo));
     }
     int Tabs() { return TabCtrl_GetItemCount(page_->sectionTabs()); }
-    // Presses `button`, which opens a dialog titled `title`; `step` acts in it and closes it.
-    void InDialog(int button, const wchar_t* title, std::function<bool(HWND)> step) {
-        ModalScript().Then([&] {
-            HWND dialog = ModalScript::FindDialog(title);
-            return dialog && step(dialog);
-        }).Play([&] { Click(button); });
-    }
+    void SelectRow(int row) { ListView_SetItemState(Control(kCategoryList), row, LVIS_SELECTED, LVIS_SELECTED); }
     // The Icon button for category row `row` with entry `pick` of the chooser; returns the entries.
     Texts ChooseIcon(int row, int pick) {
-        ListView_SetItemState(Control(kCategoryList), row, LVIS_SELECTED, LVIS_SELECTED);
+        SelectRow(row);
         Texts offered;
-        InDialog(kIcon, L"Category Icon", [&](HWND chooser) {
+        ClickThrough(kIcon, {On(L"Category Icon", [&](HWND chooser) {
             offered = ListTexts(GetDlgItem(chooser, 1001));
             ListView_SetItemState(GetDlgItem(chooser, 1001), pick, LVIS_SELECTED, LVIS_SELECTED);
-            return PostMessageW(chooser, WM_COMMAND, IDOK, 0) != FALSE;
-        });
+            return Post(IDOK)(chooser);
+        })});
         return offered;
     }
     ScratchFolder icons_{L"category_icons"}, pictures_{L"category_pictures"};
 };
 
-TEST_F(CategoriesPage, FilterTabFollowsItsBoxEntryNEditsFilterNPlusOneAndARenameReachesTheFile) {
+TEST_F(CategoriesPage, FilterTabFollowsItsBoxEntryNEditsFilterNPlusOneAndARenameReachesTheFilter) {
     MakeDefaultFilters(g_filters);
     FilterRecord* second = FindFilter(g_filters, 1);
     second->visible = false, second->includeUncategorized = true;
     OpenWith({L"Home", L"Work"});
     Click(kUseFilters);
-    EXPECT_EQ(Tabs(), 3) << "the filters tab goes at once";
     ShowSection(2);
-    EXPECT_TRUE(IsWindowVisible(Control(kFolder)) && !IsWindowVisible(Control(kFilterCombo))) << "the third tab";
+    EXPECT_TRUE(Tabs() == 3 && IsWindowVisible(Control(kFolder))) << "the filters tab goes at once";
     Click(kUseFilters);
     EXPECT_EQ(Tabs(), 4);
     FindCategory(g_categories, L"Work")->filterMask = 0x80000000u;
@@ -81,16 +74,13 @@ TEST_F(CategoriesPage, FilterTabFollowsItsBoxEntryNEditsFilterNPlusOneAndARename
     LoadFiltersFromBytes(g_filters, FiltersFileBytes(g_filters));
     Open(11);
     PickFilter(4);
-    InDialog(kRename, L"Filter", [](HWND dialog) {
+    ClickThrough(kRename, {On(L"Filter", [](HWND dialog) {
         EXPECT_EQ(WindowText(GetDlgItem(dialog, 1000)), L"Filter 5");
         SetDlgItemTextW(dialog, 1000, L"Travel");
-        return PostMessageW(dialog, WM_COMMAND, IDOK, 0) != FALSE;
-    });
-    EXPECT_EQ(Entries(kFilterCombo)[4] + L" " + Entries(kFilterCombo)[Selected(kFilterCombo)], L"Travel Travel");
-    Close();
-    WriteFiltersFile(g_filters, icons_.file(L"QLFilters.txt").c_str());
-    std::wstring file = WideFromUtf16(ReadBytes(icons_.file(L"QLFilters.txt")));
-    EXPECT_NE(file.find(L"[FILTER4]\r\n\"Title\"=\"Travel\"\r\n"), std::wstring::npos);
+        return Post(IDOK)(dialog);
+    })});
+    EXPECT_EQ(SelectedEntry(kFilterCombo), L"Travel");
+    EXPECT_STREQ(FindFilter(g_filters, 5)->title.c_str(), L"Travel");
 }
 
 TEST_F(CategoriesPage, IconFilesChangeAtOnceOnlyInTheIconsFolderAndValuesComeBackUnchanged) {
@@ -108,11 +98,11 @@ TEST_F(CategoriesPage, IconFilesChangeAtOnceOnlyInTheIconsFolderAndValuesComeBac
     ChooseIcon(2, 0);
     EXPECT_EQ(GetFileAttributesW(icons_.file(L"Work.bmp").c_str()), INVALID_FILE_ATTRIBUTES) << "deleted at once";
     for (int row : {0, 1}) {  // names no file can have
-        ListView_SetItemState(Control(kCategoryList), row, LVIS_SELECTED, LVIS_SELECTED);
-        InDialog(kIcon, L"Category Icon", [](HWND box) {
+        SelectRow(row);
+        ClickThrough(kIcon, {On(L"Category Icon", [](HWND box) {
             EXPECT_EQ(GetDlgItem(box, 1001), nullptr) << "a message, not the chooser";
-            return PostMessageW(box, WM_COMMAND, IDOK, 0) != FALSE;
-        });
+            return Post(IDOK)(box);
+        })});
     }
     std::wstring parent = icons_.path().substr(0, icons_.path().rfind(L'\\'));
     EXPECT_EQ(GetFileAttributesW((parent + L"\\Up.bmp").c_str()), INVALID_FILE_ATTRIBUTES);
@@ -120,11 +110,19 @@ TEST_F(CategoriesPage, IconFilesChangeAtOnceOnlyInTheIconsFolderAndValuesComeBac
 
     RegPutDword(HKEY_CURRENT_USER, kLook, L"CatColor.Work", RGB(255, 0, 0));
     RegPutDword(HKEY_CURRENT_USER, kLook, L"CatFilter.Work", 5);
+    RegPutDword(HKEY_CURRENT_USER, L"Software\\Orvane\\Quillory\\Colors", L"HighlightBgClr", RGB(10, 20, 200));
     ClearCategories(g_categories);
     AddCategory(g_categories, L"Work");
     LoadCategoryLook(g_categories, icons_.path().c_str());
     auto before = Values(kProductPath);
     Open(11);
+    ShowSection(1), SelectRow(0);
+    UpdateWindow(Control(kCategoryList));
+    RECT row;
+    ListView_GetItemRect(Control(kCategoryList), 0, &row, LVIR_BOUNDS);
+    WindowDc dc(Control(kCategoryList));
+    EXPECT_EQ(GetPixel(dc.get(), row.left + 40, row.top + 1), RGB(10, 20, 200)) << "the highlight";
+    EXPECT_EQ(GetPixel(dc.get(), row.right - 10, row.top + 8), RGB(255, 0, 0)) << "the swatch";
     ShowEverySectionCloseAndSave();
     SaveCategoryLook(g_categories);
     EXPECT_EQ(Values(kProductPath), before);

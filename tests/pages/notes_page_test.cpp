@@ -1,6 +1,5 @@
 // The Notes page: the folder list kept in Notes\Folders (gaps, other types and repeats read,
-// renumbered on storing, a folder refused the second time), the kinds of files scanned with and
-// without the lists product, and seeded values making the round trip.
+// renumbered on storing, a folder refused the second time), the kinds of files scanned.
 #include "dialogs/browser_steps.h"
 #include "page_fixture.h"
 
@@ -10,19 +9,9 @@ const wchar_t kNotes[] = L"Software\\Orvane\\Quillory\\Notes";
 const wchar_t kFolders[] = L"Software\\Orvane\\Quillory\\Notes\\Folders";
 enum { kPictures = 12, kLists = 13, kFolderList = 15, kRemove = 16, kAdd = 17 };
 
-// A step pressing OK on the dialog or message box titled `title` once it is up, keeping its texts.
-ModalScript::Step PressOkOn(const wchar_t* title, std::wstring* texts = nullptr) {
-    return [=] {
-        HWND dialog = ModalScript::FindDialog(title);
-        if (dialog && texts) *texts = StaticTexts(dialog);
-        return dialog && PostMessageW(dialog, WM_COMMAND, IDOK, 0);
-    };
-}
-
 class NotesPage : public PageFixture {
 protected:
     ScratchFolder a_{L"notes_a"}, b_{L"notes_b"};
-    std::wstring message_;
 };
 
 TEST_F(NotesPage, FoldersAreReadWhateverTheirNamesRenumberedWhenStoredAndAddedOnce) {
@@ -35,8 +24,7 @@ TEST_F(NotesPage, FoldersAreReadWhateverTheirNamesRenumberedWhenStoredAndAddedOn
     EXPECT_EQ(ListTexts(Control(kFolderList)), (Texts{a_.path(), b_.path(), L"\\Storage Card\\Notes"}));
     PickItem(Control(kFolderList), 1);
     Click(kRemove);
-    ModalScript().Then(PressOkOn(L"No Selection", &message_)).Play([&] { Click(kRemove); });
-    EXPECT_NE(message_, L"") << "nothing is selected any more";
+    ClickThrough(kRemove, {On(L"No Selection", Post(IDOK))});  // nothing is selected any more
     Close();
     EXPECT_REG_STRING(HKEY_CURRENT_USER, kFolders, L"0", a_.path().c_str());
     EXPECT_REG_STRING(HKEY_CURRENT_USER, kFolders, L"1", L"\\Storage Card\\Notes");
@@ -45,15 +33,9 @@ TEST_F(NotesPage, FoldersAreReadWhateverTheirNamesRenumberedWhenStoredAndAddedOn
     RegRemoveTree(HKEY_CURRENT_USER, kFolders);
     Open(3);
     SetBrowserLastFolder(a_.path().c_str());  // the browser opens there and OK chooses it
-    ModalScript().Then(PressOkOn(L"Add Notes Folder")).Play([&] { Click(kAdd); });
-    message_.clear();
-    ModalScript().Then(PressOkOn(L"Add Notes Folder")).Then(PressOkOn(L"Add Folder", &message_)).Play([&] {
-        Click(kAdd);
-    });
-    EXPECT_NE(message_, L"");
+    ClickThrough(kAdd, {On(L"Add Notes Folder", Post(IDOK))});
+    ClickThrough(kAdd, {On(L"Add Notes Folder", Post(IDOK)), On(L"Add Folder", Post(IDOK))});
     EXPECT_EQ(ListTexts(Control(kFolderList)), Texts{a_.path()}) << "without a closing backslash, once";
-    Close();
-    EXPECT_REG_STRING(HKEY_CURRENT_USER, kFolders, L"0", a_.path().c_str());
 }
 
 TEST_F(NotesPage, SeededValuesMakeTheRoundTripAndWithoutTheListsProductItsKindIsStored) {

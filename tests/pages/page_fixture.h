@@ -1,15 +1,7 @@
 #pragma once
 // A settings page opened through the page framework on the test registry, driven with messages
 // to its real controls, closed (it stores its values) and saved as Done would.
-#include <windows.h>
-#include <commctrl.h>
-
-#include <functional>
-#include <initializer_list>
 #include <map>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "dialogs/modal_script.h"
 #include "files/files_test_support.h"
@@ -20,10 +12,20 @@
 #include "support/app_state.h"
 
 using Texts = std::vector<std::wstring>;
-using DwordSeeds = std::initializer_list<std::pair<const wchar_t*, DWORD>>;
 
-inline void PutDwords(const wchar_t* path, DwordSeeds values, HKEY root = HKEY_CURRENT_USER) {
-    for (const auto& value : values) RegPutDword(root, path, value.first, value.second);
+inline void PutDwords(const wchar_t* path, std::initializer_list<std::pair<const wchar_t*, DWORD>> values) {
+    for (const auto& value : values) RegPutDword(HKEY_CURRENT_USER, path, value.first, value.second);
+}
+
+// A step of a modal script: `act` on the topmost dialog titled `title` (any when null) once it is up.
+inline ModalScript::Step On(const wchar_t* title, std::function<bool(HWND)> act) {
+    return [=] {
+        HWND dialog = ModalScript::FindDialog(title);
+        return dialog && act(dialog);
+    };
+}
+inline std::function<bool(HWND)> Post(int command) {
+    return [command](HWND dialog) { return PostMessageW(dialog, WM_COMMAND, command, 0) != FALSE; };
 }
 
 class PageFixture : public ::testing::Test {
@@ -70,6 +72,9 @@ protected:
     void ShowEverySectionCloseAndSave() {
         int sections = static_cast<int>(SendMessageW(page_->sectionTabs(), TCM_GETITEMCOUNT, 0, 0));
         for (int section = 1; section < sections; ++section) ShowSection(section);
+        CloseAndSave();
+    }
+    void CloseAndSave() {
         Close();
         SaveSettings();
     }
@@ -78,19 +83,18 @@ protected:
     ::testing::AssertionResult RoundTripKeeps(int index, const wchar_t* path = kProductPath,
                                               const std::wstring& productFolder = L"",
                                               const std::function<void()>& visit = {}) {
-        std::map<std::wstring, RegValueData> before = Values(path), after;
+        std::map<std::wstring, RegValueData> before = Values(path);
         Open(index, productFolder);
         if (!page_) return ::testing::AssertionFailure() << "page " << index << " did not open";
         if (visit) visit();
         ShowEverySectionCloseAndSave();
-        after = Values(path);
-        ::testing::AssertionResult result = ::testing::AssertionSuccess();
+        std::map<std::wstring, RegValueData> after = Values(path);
+        std::string changed;
         for (const auto* side : {&before, &after})
             for (const auto& value : *side)
-                if (before[value.first] != after[value.first])
-                    result = ::testing::AssertionFailure()
-                             << result.message() << " " << std::string(value.first.begin(), value.first.end());
-        return result;
+                if (before[value.first] != after[value.first]) changed += " " + Narrow(value.first);
+        if (changed.empty()) return ::testing::AssertionSuccess();
+        return ::testing::AssertionFailure() << "changed:" << changed;
     }
     static std::map<std::wstring, RegValueData> Values(const wchar_t* path) {
         std::map<std::wstring, RegValueData> values;
@@ -100,6 +104,12 @@ protected:
     }
     HWND Control(int number) { return page_->control(number); }
     void Click(int number) { SendMessageW(Control(number), BM_CLICK, 0, 0); }
+    // Clicks `button` while `steps` play in the dialogs it opens.
+    void ClickThrough(int button, std::initializer_list<ModalScript::Step> steps, int ticks = 1000) {
+        ModalScript script;
+        for (const auto& step : steps) script.Then(step);
+        script.Play([&] { Click(button); }, ticks);
+    }
     bool Checked(int number) { return SendMessageW(Control(number), BM_GETCHECK, 0, 0) == BST_CHECKED; }
     // A user's choice: the selection changes, then the list closes on it (index -1: the last entry).
     void Choose(int combo, int index) {

@@ -1,5 +1,5 @@
-// The PIM page: the applications detected from their registry keys, PimSw stored as the list
-// index at once and as the application's code on leaving, and the enabling of the four options.
+// The PIM page: the applications detected from their registry keys decide its list, PimSw and
+// the options.
 #include "page_fixture.h"
 
 namespace {
@@ -25,10 +25,8 @@ TEST_F(PimPage, DetectedApplicationsDecideTheListTheStoredCodeAndTheOptions) {
     RegPutString(HKEY_CURRENT_USER, kAgendaOne, L"InstallPath", std::wstring(300, L'x').c_str());
     Open(9);
     EXPECT_EQ(Entries(kSoftware), Texts{L"Pocket Outlook"});
-    EXPECT_EQ(Selected(kSoftware), 0);
     EXPECT_EQ(OptionsEnabled(), std::vector<bool>(4, false));
-    Close();
-    SaveSettings();
+    CloseAndSave();
     EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kPim, L"PimSw");
 
     RegPutDword(HKEY_LOCAL_MACHINE, kAgendaFusionPath, L"VerMajor", 5);
@@ -39,19 +37,16 @@ TEST_F(PimPage, DetectedApplicationsDecideTheListTheStoredCodeAndTheOptions) {
     EXPECT_EQ(g_settings.customPim.PimSw.value, 1u) << "the index at once";
     EXPECT_EQ(OptionsEnabled(), (std::vector<bool>{true, true, false, true})) << "as for Pocket Informant";
     Click(kOverrideColours);
-    Close();
-    SaveSettings();
+    CloseAndSave();
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kPim, L"PimSw", 2);
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kPim, L"OverridePimCatColros", 1);
 
     RegPutString(HKEY_CURRENT_USER, kAgendaOne, L"InstallPath", L"\\Program Files\\Agenda One");
     RegPutDword(HKEY_CURRENT_USER, kPocketInformantPath, L"version", 7);
-    Open(9);
-    EXPECT_EQ(Entries(kSoftware).size(), 4u);
-    EXPECT_EQ(Selected(kSoftware), 2) << "the entry whose code PimSw holds";
-    EXPECT_EQ(OptionsEnabled(), std::vector<bool>(4, true));
-    Close();
-    EXPECT_TRUE(RoundTripKeeps(9));
+    EXPECT_TRUE(RoundTripKeeps(9, kProductPath, L"", [&] {
+        EXPECT_EQ(Selected(kSoftware), 2) << "the entry whose code PimSw holds";
+        EXPECT_EQ(OptionsEnabled(), std::vector<bool>(4, true));
+    }));
 }
 
 }  // namespace
