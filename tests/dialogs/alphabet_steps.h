@@ -1,6 +1,5 @@
 #pragma once
-// For tests of the alphabet selection and of the pages that open it: an installation whose
-// CustomAlphabets folder holds the given files, and a user ticking rows of the dialog.
+// An installation whose CustomAlphabets folder holds the given files, and a user ticking alphabets.
 #include <algorithm>
 #include <functional>
 
@@ -10,8 +9,7 @@
 
 using Texts = std::vector<std::wstring>;
 
-// A scratch folder named by the Today item's InstallPath while it lives (a record loaded then takes
-// it as its install folder), its CustomAlphabets folder holding the files.
+// A scratch folder named by the Today item's InstallPath while it lives, holding the alphabet files.
 struct AlphabetInstall {
     explicit AlphabetInstall(const Texts& files) {
         RegPutString(HKEY_LOCAL_MACHINE, kTodayItemPath, L"InstallPath", root.path().c_str());
@@ -24,8 +22,8 @@ struct AlphabetInstall {
     std::wstring folder = root.path();
 };
 
-// Runs `open`, which brings up the dialog; there exactly the rows named in `tick` are ticked and
-// `command` is pressed. Returns the rows; those ticked before are appended to `ticked`.
+// In the dialog `open` brings up ticks exactly `tick` and presses `command`; returns the rows and
+// appends those ticked before to `ticked`.
 inline Texts TickAlphabets(const std::function<void()>& open, const Texts& tick, int command, Texts* ticked = nullptr) {
     Texts rows;
     ModalScript().Then([&] {

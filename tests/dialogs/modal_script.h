@@ -20,17 +20,16 @@ public:
 
     // Runs `open`, which enters a modal loop and returns when it ends, while the steps play.
     void Play(const std::function<void()>& open, int maxTicks = 1000) {
-        ModalScript* outer = std::exchange(Current(), this);
+        ModalScript* outer = std::exchange(current_, this);
         maxTicks_ = maxTicks;
         UINT_PTR timer = SetTimer(nullptr, 0, 10, &ModalScript::Tick);
         open();
         KillTimer(nullptr, timer);
-        Current() = outer;
+        current_ = outer;
         EXPECT_EQ(next_, steps_.size()) << "the dialog ended before step " << next_ + 1 << " of " << steps_.size();
     }
 
-    // The visible dialogs (message boxes included) of this thread, topmost first; only those
-    // titled `title` unless null.
+    // The visible dialogs and message boxes of this thread titled `title` (any when null), topmost first.
     static std::vector<HWND> ThreadDialogs(const wchar_t* title) {
         std::pair<const wchar_t*, std::vector<HWND>> search(title, {});
         EnumThreadWindows(GetCurrentThreadId(), [](HWND window, LPARAM data) -> BOOL {
@@ -52,13 +51,8 @@ public:
     }
 
 private:
-    static ModalScript*& Current() {
-        static ModalScript* current = nullptr;
-        return current;
-    }
-
     static void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD) {
-        ModalScript* script = Current();
+        ModalScript* script = current_;
         if (!script || script->busy_) return;
         script->busy_ = true;
         if (++script->ticks_ > script->maxTicks_) {
@@ -71,6 +65,7 @@ private:
         script->busy_ = false;
     }
 
+    inline static ModalScript* current_ = nullptr;
     std::vector<Step> steps_;
     size_t next_ = 0;
     int ticks_ = 0, maxTicks_ = 1000;
