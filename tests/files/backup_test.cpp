@@ -1,4 +1,9 @@
-// Settings backups: export bytes, import effects read back from the registry, refused and failed imports.
+// Settings backups: export bytes, import effects in the registry, refusals; seeded malformed texts and files.
+#include <algorithm>
+#include <cwctype>
+#include <memory>
+#include <random>
+#include <set>
 #include <tuple>
 
 #include "common/test_support.h"
@@ -38,9 +43,9 @@ TEST_F(BackupTest, ExportWritesTheExactBytesAndImportingThemRestoresTheTree) {
     RegPutString(HKEY_CURRENT_USER, Sub(L"Colors\\Sub").c_str(), L"Dee", L"");
     AddCategory(g_categories, L"work", 0, kNoCategoryColour);
     AddCategory(g_categories, L"Home", 5, 0x00FF0000);
-    AddFilter(g_filters, 2, L"Other", false, false, 9);
-    AddFilter(g_filters, 1, L"Mine %d \x4E2D", true, true);
-    AddFilter(g_filters, 3, std::wstring(1000, L'f').c_str());
+    InsertFilter(g_filters, new FilterRecord{WString(L"Other"), 9, false, false, 2});
+    InsertFilter(g_filters, new FilterRecord{WString(L"Mine %d \x4E2D"), 0, true, true, 1});
+    InsertFilter(g_filters, new FilterRecord{WString(std::wstring(1000, L'f').c_str()), 0, true, false, 3});
     const std::wstring path = folder.file(L"out.qlsb");
     ASSERT_TRUE(ExportSettings(path.c_str()));
     const std::wstring expected =
@@ -54,9 +59,7 @@ TEST_F(BackupTest, ExportWritesTheExactBytesAndImportingThemRestoresTheTree) {
         L"\"FilterName\"=\"Other\"\n\"Index\"=dword:2\n\"VisibleState\"=dword:0\n\"IncludeUncategorized\"=dword:0\n"
         L"\"FilterName\"=\"" + std::wstring(1000, L'f') + L"\"\n\"Index\"=dword:3\n\"VisibleState\"=dword:1\n"
         L"\"IncludeUncategorized\"=dword:0\n";
-    const std::string bytes = ReadBytes(path);
-    EXPECT_EQ(WideFromUtf16(bytes), expected);
-    EXPECT_EQ(bytes.size(), 2 * expected.size());
+    EXPECT_EQ(ReadBytes(path), Utf16Bytes(expected));
     EXPECT_FALSE(ExportSettings(folder.file(L"missing\\out.qlsb").c_str()));
     EXPECT_EQ(GetFileAttributesW(folder.file(L"missing").c_str()), INVALID_FILE_ATTRIBUTES);
 
@@ -95,28 +98,23 @@ TEST_F(BackupTest, ValueLinesAreWrittenWithTheirQuirksUpToTheEmptyLine) {
     const CategoryRecord* work = AddCategory(g_categories, L"work", 1, 100);
     ASSERT_TRUE(ReadRegistryTextFile(in, g_categories, g_filters));
     EXPECT_TRUE(work->filterMask == 16 && work->colour == 0xFFFFFFFF) << "the name matched exactly, the fourth line";
-    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, q.c_str(), L"Same");
-    EXPECT_REG_DWORD(HKEY_CURRENT_USER, q.c_str(), L"Over", 0x7FFFFFFF);  // wcstol saturates
-    EXPECT_REG_STRING(HKEY_CURRENT_USER, q.c_str(), L"Split", L"a\"=\"b");
-    EXPECT_REG_STRING(HKEY_CURRENT_USER, q.c_str(), L"abc", L"");  // eight characters: the quote is shared
-    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, q.c_str(), L"a");          // seven: the wrong shape, like "Unclosed"
-    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, q.c_str(), L"Unclosed");
-    EXPECT_REG_STRING(HKEY_CURRENT_USER, q.c_str(), L"", L"");
-    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, q.c_str(), L"O");
-    // A dword line's name is the rest of the line formatted without arguments into 128
-    // characters, cut where the name ends in the line.
-    EXPECT_REG_DWORD(HKEY_CURRENT_USER, q.c_str(), L"a0b\"", 1);
-    EXPECT_REG_DWORD(HKEY_CURRENT_USER, q.c_str(), L"a%b\"", 3);
-    EXPECT_REG_DWORD(HKEY_CURRENT_USER, q.c_str(), std::wstring(127, L'%').c_str(), 5);
-    EXPECT_REG_DWORD(HKEY_CURRENT_USER, q.c_str(), L"FromB", 6);  // a header without an empty line before it
-    EXPECT_FALSE(RegKeyExists(HKEY_CURRENT_USER, Sub(L"B").c_str()));
+    auto sz = [](const std::wstring& text) {
+        return RegValueData{REG_SZ, std::string(reinterpret_cast<const char*>(text.c_str()), 2 * text.size() + 2)};
+    };
+    auto dword = [](DWORD value) { return RegValueData{REG_DWORD, std::string(reinterpret_cast<char*>(&value), 4)}; };
+    // A dword name is the rest of the line formatted without arguments into 128 characters, cut where the name ends;
+    // a string line takes eight characters ("abc" shares its quote; "a" and "Unclosed" have the wrong shape).
+    const RegSnapshot expected = {
+        {kProduct, {}},
+        {q, {{L"", sz(L"")}, {L"Over", dword(0x7FFFFFFF)}, {L"Split", sz(L"a\"=\"b")}, {L"abc", sz(L"")},
+             {L"a0b\"", dword(1)}, {L"a%b\"", dword(3)}, {std::wstring(127, L'%'), dword(5)}, {L"FromB", dword(6)}}},
+        {c, {{L"z", sz(L"last")}, {L"n", dword(8)}}}};
+    EXPECT_EQ(Snapshot(HKEY_CURRENT_USER, kProduct), expected);
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, L"", L"QLFilesTestAtRoot", 7);
     RegDeleteValueW(HKEY_CURRENT_USER, L"QLFilesTestAtRoot");
-    EXPECT_REG_STRING(HKEY_CURRENT_USER, c.c_str(), L"z", L"last");
-    EXPECT_REG_DWORD(HKEY_CURRENT_USER, c.c_str(), L"n", 8);  // eight characters from "=dword"
 }
 
-TEST(SafeFormatTest, DirectivesGetZeroOrNothingAndAnUnfinishedOneEndsTheText) {
+TEST(FormattingTest, DirectivesGetZeroOrNothingAnUnfinishedOneEndsTheTextAndBackupNamesAreDates) {
     const std::tuple<const wchar_t*, int, const wchar_t*> cases[] = {
         {L"%5d|%-5d|%05d|%.3d|%x", 64, L"    0|0    |00000|000|0"}, {L"%-3s|%2S|%c%n", 64, L"   |  |"},
         {L"%ld%hd%I64d%#x", 64, L"0000"}, {L"abc%", 64, L"abc"}, {L"ab%-5", 64, L"ab"}, {L"ab%.", 64, L"ab"},
@@ -127,6 +125,7 @@ TEST(SafeFormatTest, DirectivesGetZeroOrNothingAndAnUnfinishedOneEndsTheText) {
         EXPECT_EQ(FormatWithoutArguments(format, out, capacity), static_cast<int>(wcslen(expected))) << format;
         EXPECT_STREQ(out, expected) << format;
     }
+    EXPECT_STREQ(BackupFileName(SYSTEMTIME{2024, 3, 0, 5}).c_str(), L"QL_Backup_2024_03_05");
 }
 
 TEST_F(BackupTest, ARefusedOrFailedImportKeepsWhatWasWrittenAndDoesNotReload) {
@@ -135,9 +134,9 @@ TEST_F(BackupTest, ARefusedOrFailedImportKeepsWhatWasWrittenAndDoesNotReload) {
                                      Utf16Bytes(L"\r\n" + section), std::string("\n[Software\\Orvane\\Quillory]\n")}) {
         RegPutDword(HKEY_CURRENT_USER, kProduct, L"Kept", 3);
         WriteBytes(folder.file(L"bad.qlsb"), bytes);
-        EXPECT_FALSE(ImportSettings(folder.file(L"bad.qlsb").c_str()));
-        EXPECT_REG_DWORD(HKEY_CURRENT_USER, kProduct, L"Kept", 3);
-        EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kProduct, L"A");
+        EXPECT_TRUE(!ImportSettings(folder.file(L"bad.qlsb").c_str()) &&
+                    RegHasDword(HKEY_CURRENT_USER, kProduct, L"Kept", 3) &&
+                    RegHasNoValue(HKEY_CURRENT_USER, kProduct, L"A"));
     }
     EXPECT_FALSE(ImportSettings(folder.file(L"no such file.qlsb").c_str()));
     LoadSettings();
@@ -154,9 +153,119 @@ TEST_F(BackupTest, ARefusedOrFailedImportKeepsWhatWasWrittenAndDoesNotReload) {
     EXPECT_EQ(g_settings.general.OnClick.value, 4321);
 }
 
-TEST(BackupFileNameTest, IsTheDateWithUnderscores) {
-    EXPECT_STREQ(BackupFileName(SYSTEMTIME{2024, 3, 0, 5}).c_str(), L"QL_Backup_2024_03_05");
-    EXPECT_EQ(BackupFileName().length(), 20);
+
+const wchar_t* const kAtoms[] = {
+    L"\n[Software\\QLFuzz\\%s%n]\n", L"\n[]\n", L"\n[::Filters::]\n", L"%d", L"%999999d", L"%.9999s%c", L"%", L"%-5",
+    L"\"=\"", L"\"=dword:", L"[FILTER3]", L"\n\"Color\"=dword:", L"not_the_same", L"-1", L"4294967295",
+    L"\x4E2D\xD800"};
+
+// Random cuts, copies, insertions and characters; now and then a byte-order mark, an odd byte, or narrowed bytes.
+struct Mutator {
+    explicit Mutator(unsigned seed) : random_(seed) {}
+
+    std::string mutated(std::wstring text, int most) {
+        for (int n = pick(most + 1); n > 0 && !text.empty(); --n) {
+            const size_t at = random_() % text.size();
+            switch (pick(6)) {
+                case 0: text.erase(at, 1 + pick(40)); break;
+                case 1: text.resize(at); break;
+                case 2: text.insert(at, text.substr(at, pick(400))); break;
+                case 3: text.insert(at, pick(17) ? kAtoms[pick(16)] : std::wstring(100 + pick(3000), L'n')); break;
+                case 4: text[at] = L"[]\"=\n%\\\r\0"[pick(9)]; break;
+                default: text[at] = static_cast<wchar_t>(random_()); break;
+            }
+        }
+        std::string bytes = Utf16Bytes(pick(15) ? text : L"\xFEFF" + text);
+        if (pick(20) == 0 && !bytes.empty()) bytes.pop_back();
+        return pick(20) ? bytes : std::string(text.begin(), text.end());
+    }
+    int pick(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
+
+    std::mt19937 random_;
+};
+
+const wchar_t kBackupText[] =
+    L"\n[Software\\QLFuzz\\A]\n\"Name\"=\"text\"\n\"Number\"=dword:-1\n[Software\\QLFuzz\\B]\n\n[Software\\Orvane\\Quillory]\n"
+    L"\"Text\"=\"100%\"\n\n[Software\\Orvane\\Quillory\\Colors]\n\"%d\"=dword:5\n\n[::Categories::]\n\"Category\"=\"Name\"\n"
+    L"\"FiltersFlag\"=dword:3\n\"Extra\"=dword:1\n\"Color\"=dword:255\n\"Category\"=\"%d\"\n\"FiltersFlag\"=dword:1\n"
+    L"\"Color\"=dword:1\n\n[::Filters::]\n\"FilterName\"=\"F\"\n\"Index\"=dword:3\n\"VisibleState\"=dword:0\n"
+    L"\"IncludeUncategorized\"=dword:1\n\n[Software\\QLFuzz\\A\\Sub]\n\"Same\"=\"not_the_same\"\n";
+
+// A key path as the registry resolves it: case-insensitive, empty components dropped.
+std::wstring NormalKey(const std::wstring& path) {
+    std::wstring out;
+    for (size_t start = 0, end; start <= path.size(); start = end + 1) {
+        end = std::min(path.find(L'\\', start), path.size());
+        if (end > start) out += (out.empty() ? L"" : L"\\") + path.substr(start, end - start);
+    }
+    for (wchar_t& c : out) c = static_cast<wchar_t>(towlower(c));
+    return out;
+}
+
+// Independent of the reader: the names of the lines that have the shape of a header.
+void CollectHeaderNames(const std::string& bytes, std::set<std::wstring>& names) {
+    const std::wstring text = WideFromUtf16(bytes);
+    for (size_t start = 0, end; start < text.size(); start = end) {
+        end = std::min(text.find(L'\n', start), text.size() - 1) + 1;
+        const std::wstring line = text.substr(start, std::min(end, text.find(L'\0', start)) - start);
+        if (line.size() < 3 || line[0] != L'[' || line[line.size() - 2] != L']') continue;
+        names.insert(NormalKey(line.substr(1, line.size() - 3)));
+    }
+}
+
+TEST(RegistryTextFuzzTest, MalformedTextsKeepTheListsAndWriteOnlyTheKeysTheyName) {
+    // The user root becomes an empty key of the real one: what the texts write is seen whole and thrown away.
+    static const wchar_t kSandbox[] = L"Software\\QLFuzzUserRoot";
+    RegRemoveTree(HKEY_CURRENT_USER, kSandbox);
+    HKEY sandbox = nullptr;
+    RegCreateKeyExW(HKEY_CURRENT_USER, kSandbox, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &sandbox, nullptr);
+    RegOverridePredefKey(HKEY_CURRENT_USER, sandbox);
+    std::unique_ptr<HKEY__, void (*)(HKEY)> restore(sandbox, [](HKEY key) {
+        RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
+        RegCloseKey(key);
+        RegRemoveTree(HKEY_CURRENT_USER, kSandbox);
+    });
+    ASSERT_EQ(Snapshot(HKEY_CURRENT_USER, L"").size(), 1u) << "the user root is not replaced";
+    CategoryList categories;
+    for (const wchar_t* name : {L"Name", L"%d", L"\x4E2D"}) AddCategory(categories, name);
+    FilterList filters;
+    MakeDefaultFilters(filters);
+    std::set<std::wstring> named;
+    Mutator mutator(20240517);
+    int accepted = 0;
+    for (int i = 0; i < 5000; ++i) {
+        const std::string bytes = mutator.mutated(kBackupText, 8);
+        CollectHeaderNames(bytes, named);
+        Utf16TextReader in(bytes);
+        accepted += ReadRegistryTextFile(in, categories, filters);
+        ASSERT_TRUE(categories.count == 3 && filters.count == 32) << "file " << i;
+    }
+    EXPECT_TRUE(accepted > 1000 && accepted < 5000) << accepted;
+    const RegSnapshot written = Snapshot(HKEY_CURRENT_USER, L"");
+    EXPECT_GT(written.size(), 3u);
+    for (auto& key : written) {
+        const std::wstring normal = NormalKey(key.first), below = normal.empty() ? L"" : normal + L"\\";
+        auto next = named.lower_bound(below);
+        const bool onTheWayToANamedKey = key.second.empty() && next != named.end() && next->rfind(below, 0) == 0;
+        EXPECT_TRUE(named.count(normal) || onTheWayToANamedKey) << "written without a header naming it: " << key.first;
+    }
+}
+
+TEST(FiltersFuzzTest, MalformedFilesGiveTheirRecordsOrTheDefaults) {
+    Mutator mutator(77031);
+    FilterList filters;
+    MakeDefaultFilters(filters);
+    const std::wstring defaults = WideFromUtf16(FiltersFileBytes(filters));
+    int loaded = 0;
+    for (int i = 0; i < 4000; ++i) {
+        const std::string bytes = mutator.mutated(defaults, 4);
+        const bool ok = LoadFiltersFromBytes(filters, bytes);
+        loaded += ok;
+        int index = 1;
+        for (const FilterRecord* r = filters.head; r && ok && r->index == index; r = r->next) ++index;
+        ASSERT_TRUE(ok ? index == 33 && filters.count == 32 : AreDefaultFilters(filters)) << "file " << i;
+    }
+    EXPECT_TRUE(loaded > 400 && loaded < 3600) << loaded;
 }
 
 }  // namespace

@@ -18,13 +18,6 @@ inline CategoryRecord* AddCategory(CategoryList& list, const wchar_t* name, DWOR
     return record;
 }
 
-inline FilterRecord* AddFilter(FilterList& list, int index, const wchar_t* title, bool visible = true,
-                               bool uncategorized = false, int sensitivity = 0) {
-    FilterRecord* record = new FilterRecord{WString(title), sensitivity, visible, uncategorized, index};
-    InsertFilter(list, record);
-    return record;
-}
-
 // Numbered 0 to 31, titled "Filter 1" to "Filter 32", visible, nothing else set, linked both ways.
 inline bool AreDefaultFilters(const FilterList& filters) {
     int index = 0;
@@ -73,8 +66,6 @@ inline RegSnapshot WithoutEmptyKeys(RegSnapshot snapshot) {
 
 inline std::wstring WideFromUtf16(const std::string& bytes) {
     std::wstring text;
-    for (size_t i = 0; i + 1 < bytes.size(); i += 2)
-        text.push_back(static_cast<wchar_t>(static_cast<unsigned char>(bytes[i]) |
-                                            (static_cast<unsigned char>(bytes[i + 1]) << 8)));
+    for (size_t i = 0; i + 1 < bytes.size(); i += 2) text.push_back(wchar_t(BYTE(bytes[i]) | BYTE(bytes[i + 1]) << 8));
     return text;
 }
