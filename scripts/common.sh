@@ -48,13 +48,19 @@ ql_build_32() {
         || { tail -n 60 "$dir/build.log" >&2; ql_die "32-bit build failed (full log: $dir/build.log)"; }
 }
 
-# Configures (once) and builds everything.
+# Configures the build tree once.
+ql_configure() {
+    [ -f "$QL_BUILD/CMakeCache.txt" ] && return 0
+    cmake -S "$QL_ROOT" -B "$QL_BUILD" -DCMAKE_TOOLCHAIN_FILE="$QL_ROOT/cmake/mingw-w64.cmake" \
+        -DCMAKE_BUILD_TYPE=Release >/dev/null || ql_die "cmake configuration failed"
+}
+
+# Configures (once) and builds the given targets, or everything.
 ql_build() {
-    if [ ! -f "$QL_BUILD/CMakeCache.txt" ]; then
-        cmake -S "$QL_ROOT" -B "$QL_BUILD" -DCMAKE_TOOLCHAIN_FILE="$QL_ROOT/cmake/mingw-w64.cmake" \
-            -DCMAKE_BUILD_TYPE=Release >/dev/null || ql_die "cmake configuration failed"
-    fi
-    cmake --build "$QL_BUILD" -j "$(nproc)" -- --no-print-directory >"$QL_BUILD/build.log" 2>&1 \
+    ql_configure
+    local targets=()
+    [ $# -gt 0 ] && targets=(--target "$@")
+    cmake --build "$QL_BUILD" -j "$(nproc)" "${targets[@]}" -- --no-print-directory >"$QL_BUILD/build.log" 2>&1 \
         || { tail -n 60 "$QL_BUILD/build.log" >&2; ql_die "build failed (full log: $QL_BUILD/build.log)"; }
 }
 

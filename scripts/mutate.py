@@ -163,6 +163,22 @@ def run(cmd, timeout, log):
         return "timeout"
 
 
+def build_and_test(build, labels, timeout, log):
+    """0 when the labels' test programs build and pass, else what failed."""
+    built = run(["cmake", "--build", str(build), "--target", *test_targets(labels), "--", "--no-print-directory"],
+                900, log)
+    if built != 0:
+        return "build"
+    label_regex = "^(" + "|".join(labels) + ")$"
+    return run(["ctest", "--test-dir", str(build), "-L", label_regex, "--stop-on-failure", "--timeout", str(timeout)],
+               timeout * 4, log)
+
+
+def area_passes(build, labels, timeout, log):
+    print(f"\n### unmutated: {' '.join(labels)}", file=log, flush=True)
+    return build_and_test(build, labels, timeout, log) == 0
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--seed", type=int, default=19)
@@ -188,6 +204,9 @@ def main():
                 ranked.append((rank(args.seed, relative, lines[site[0]], site), path, relative, site))
         ranked.sort(key=lambda item: item[0])
         killed = tried = 0
+        if not args.list and not area_passes(build, labels, args.timeout, log):
+            print(f"area {area}: its tests fail or do not build without any mutant; not sampled", flush=True)
+            continue
         for _, path, relative, site in ranked:
             if tried == args.count:
                 break
@@ -206,15 +225,11 @@ def main():
             try:
                 path.write_text("\n".join(mutated), encoding="utf-8")
                 print(f"\n### {where} {site[4]}: {change}", file=log, flush=True)
-                built = run(["cmake", "--build", str(build), "--target", *test_targets(labels), "--",
-                             "--no-print-directory"], 900, log)
-                if built != 0:
+                outcome = build_and_test(build, labels, args.timeout, log)
+                if outcome == "build":
                     print(f"  stillborn  {where}  {site[4]}", flush=True)
                     continue
                 tried += 1
-                label_regex = "^(" + "|".join(labels) + ")$"
-                outcome = run(["ctest", "--test-dir", str(build), "-L", label_regex, "--stop-on-failure",
-                               "--timeout", str(args.timeout)], args.timeout * 4, log)
             finally:
                 path.write_text(original, encoding="utf-8")
             verdict = "survived" if outcome == 0 else "killed"
@@ -223,8 +238,10 @@ def main():
                   flush=True)
         totals[area] = (killed, tried)
     if not args.list:
-        # Rebuild the restored sources so the tree is left as it was.
-        run(["cmake", "--build", str(build), "--", "--no-print-directory"], 1800, log)
+        # Rebuild what was built from mutated sources, so the tree is left as it was.
+        for area in totals:
+            run(["cmake", "--build", str(build), "--target", *test_targets(AREA_TESTS[area]), "--",
+                 "--no-print-directory"], 1800, log)
         all_killed = sum(k for k, _ in totals.values())
         all_tried = sum(t for _, t in totals.values())
         for area, (k, t) in totals.items():

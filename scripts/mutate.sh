@@ -7,6 +7,8 @@ set -euo pipefail
 source "$(dirname "$0")/common.sh"
 QL_PACKAGES+=(python3)
 ql_install_packages
-ql_build
+# The program and its libraries are installed into the test prefix; each area's tests are built
+# by the sampler itself.
+ql_build ql_options resource_libraries
 ql_test_environment
 python3 "$QL_ROOT/scripts/mutate.py" --build "$QL_BUILD" "$@"
