@@ -15,18 +15,8 @@ const wchar_t kAlphabets[] = L"C:\\Program Files\\Orvane\\Quillory\\CustomAlphab
 const std::wstring kProduct = kProductPath, kTabs = kTabsPath;
 const std::wstring kWeather = L"SOFTWARE\\Microsoft\\Today\\Items\\Weather";
 
-RegValueData Dword(DWORD value) { return {REG_DWORD, std::string(reinterpret_cast<char*>(&value), 4)}; }
-RegValueData Text(const std::wstring& text) { return {REG_SZ, Utf16Bytes(text) + std::string(2, '\0')}; }
 void Click(HWND button) { SendMessageW(button, BM_CLICK, 0, 0); }
 void Key(HWND window, WPARAM key) { SendMessageW(window, WM_KEYDOWN, key, 1); }
-
-// A plug-in tab added earlier, shown.
-void PutPlugInTab(const std::wstring& name, DWORD order) {
-    std::wstring key = kTabs + L"\\" + name;
-    for (const auto& value : {std::make_pair(L"Order", order), {L"Type", 1}, {L"Enabled", 1}})
-        RegPutDword(HKEY_CURRENT_USER, key.c_str(), value.first, value.second);
-    RegPutString(HKEY_CURRENT_USER, key.c_str(), L"DLL", (name + L".dll").c_str());
-}
 
 // A hidden top-level window of the test listens for the program's broadcast: how often, and its parameters.
 UINT g_changedMessage = 0;
@@ -64,10 +54,21 @@ protected:
     HWND main_ = nullptr;
 };
 
-TEST_F(PagesProgram, FivePagesChangedThenDoneWritesExactlyTheirChanges) {
-    RegPutDword(HKEY_LOCAL_MACHINE, kAgendaFusionPath, L"VerMajor", 3);
+TEST_F(PagesProgram, PagesChangedThenDoneWritesExactlyTheirChangesAndTheFiltersFileAndTellsEveryWindow) {
+    WriteBytes(kDatabase, "4001001F=Work\t40020002=1\n4001001F=Home\t40020002=2\n");
+    RegPutDword(HKEY_CURRENT_USER, kProductPath, L"FilterMethodToUse", 1);
+    for (const auto& value : {std::make_pair(L"Order", 7), {L"Type", 1}, {L"Enabled", 1}})  // a tab added earlier
+        RegPutDword(HKEY_CURRENT_USER, (kTabs + L"\\OldNews").c_str(), value.first, value.second);
+    RegPutString(HKEY_CURRENT_USER, (kTabs + L"\\OldNews").c_str(), L"DLL", L"OldNews.dll");
+    RegPutDword(HKEY_CURRENT_USER, (kTabs + L"\\Contacts").c_str(), L"Kept", 5);
+    RegPutDword(HKEY_LOCAL_MACHINE, kWeather.c_str(), L"Type", 4);
+    RegPutString(HKEY_LOCAL_MACHINE, kWeather.c_str(), L"DLL", L"weather.dll");
+    CreateDirectoryW(kAlphabets, nullptr);
+    WriteBytes(std::wstring(kAlphabets) + L"\\Thai.txt", Utf16Bytes(L"ABC"));
+    RegSnapshot seeded = WithoutEmptyKeys(Snapshot(HKEY_CURRENT_USER, kProduct.c_str()));
     ASSERT_TRUE(Start());
-    HWND page;
+
+    HWND page, picker, chooser, question, alphabets;
     ASSERT_TRUE(page = OpenPage(main_, L"c", L"CalendarSettingsWin"));
     SendMessageW(PageControl(page, 1), CB_SETCURSEL, 13, 0);  // 14 days
     Click(PageControl(page, 8));                              // special events shown
@@ -76,59 +77,9 @@ TEST_F(PagesProgram, FivePagesChangedThenDoneWritesExactlyTheirChanges) {
     Key(PageControl(page, 11), VK_DOWN);  // the first task option...
     Click(PageControl(page, 19));          // ...tasks in the calendar: off
     ASSERT_TRUE(PressOk(page));
-    ASSERT_TRUE(page = OpenPage(main_, L"m", L"MessagesSettingsWin"));
-    Click(PageControl(page, 2));  // a tap opens the item
-    ASSERT_TRUE(PressOk(page));
-    ASSERT_TRUE(page = OpenPage(main_, L"p", L"PIMSettingsWin"));
-    HWND software = PageControl(page, 1);
-    ASSERT_EQ(SendMessageW(software, CB_GETCOUNT, 0, 0), 2);
-    SendMessageW(software, CB_SETCURSEL, 1, 0);  // Agenda Fusion
-    SendMessageW(page, WM_COMMAND, MAKEWPARAM(0x1001, CBN_SELENDOK), reinterpret_cast<LPARAM>(software));
-    ASSERT_TRUE(PressOk(page));
-    ASSERT_TRUE(page = OpenPage(main_, L"Tas", L"TasksSettingsWin"));
-    SendMessageW(PageControl(page, 3), CB_SETCURSEL, 4, 0);  // tasks up to two weeks ahead
-    Click(PageControl(page, 4));                             // hide completed tasks
-    Click(PageControl(page, 21));                            // my own date format
-    SendMessageW(PageControl(page, 23), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"d MMM"));
-    ASSERT_TRUE(PressOk(page));
-    ASSERT_TRUE(page = OpenPage(main_, L"Fo", L"FontSettingsWin"));
-    SendMessageW(PageControl(page, 3), CB_SETCURSEL, 8, 0);  // titles of 18
-    Click(PageControl(page, 4));                             // advanced
-    ASSERT_TRUE(PressOk(page));
-    EXPECT_TRUE(WithoutEmptyKeys(Snapshot(HKEY_CURRENT_USER, kProduct)).empty()) << "nothing before Done";
-    g_changedMessage = RegisterWindowMessageW(L"OrvaneQuillorySettingsChanged");
-    HWND listener = CreateWindowExW(0, TestWindowClass(L"ChangeListener", ListenerProc), L"", WS_POPUP, 0, 0, 1, 1,
-                                    nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
-    EXPECT_EQ(Done(), 0);
-    for (DWORD start = GetTickCount(); g_received == 0 && GetTickCount() - start < 5000; Sleep(20)) PumpMessages();
-    DestroyWindow(listener);
-    EXPECT_EQ(g_received, 1) << "told to every window";
-    EXPECT_EQ(g_parameters, 0u) << "wParam and lParam 0";
-    RegSnapshot expected = {
-        {kProduct + L"\\Calendar",
-         {{L"IncldTasksInCR", Dword(0)}, {L"SEventsOnClr", Dword(1)}, {L"dNumOfDays", Dword(14)}}},
-        {kProduct + L"\\Messages", {{L"MsgsOpenOnClick", Dword(1)}}},
-        {kProduct + L"\\CustomPIM", {{L"PimSw", Dword(2)}}},
-        {kProduct + L"\\Tasks", {{L"TsksLimitFutureDate", Dword(4)}, {L"HideCompletedTasks", Dword(1)},
-                                 {L"UseCustomDateTsks", Dword(1)}, {L"CustomDateFrmtStart", Text(L"d MMM")}}},
-        {kProduct + L"\\Fonts", {{L"FontGnrlUseAdvncd", Dword(1)}, {L"FontGnrlTitlesSize", Dword(18)}}}};
-    EXPECT_EQ(WithoutEmptyKeys(Snapshot(HKEY_CURRENT_USER, kProduct)), expected);
-}
 
-TEST_F(PagesProgram, CategoriesTabsAndContactsChangesReachTheRegistryAndTheFiltersFileOnDone) {
-    WriteBytes(kDatabase, "4001001F=Work\t40020002=1\n4001001F=Home\t40020002=2\n");
-    RegPutDword(HKEY_CURRENT_USER, kProductPath, L"FilterMethodToUse", 1);
-    PutPlugInTab(L"OldNews", 7);
-    RegPutDword(HKEY_CURRENT_USER, (kTabs + L"\\Contacts").c_str(), L"Kept", 5);
-    RegPutDword(HKEY_LOCAL_MACHINE, kWeather.c_str(), L"Type", 4);
-    RegPutString(HKEY_LOCAL_MACHINE, kWeather.c_str(), L"DLL", L"weather.dll");
-    CreateDirectoryW(kAlphabets, nullptr);
-    WriteBytes(std::wstring(kAlphabets) + L"\\Thai.txt", Utf16Bytes(L"ABC"));
-    ASSERT_TRUE(Start());
-
-    HWND page, picker, chooser, question, alphabets;
     ASSERT_TRUE(page = OpenPage(main_, L"cat", L"CategorySettingsWin"));
-    HWND sections = FindWindowExW(page, nullptr, L"SysTabControl32", nullptr);
+    sections = FindWindowExW(page, nullptr, L"SysTabControl32", nullptr);
     Key(sections, VK_RIGHT);  // the categories: Home is the first row, coloured from the palette
     Key(PageControl(page, 1), VK_HOME);
     PostMessageW(PageControl(page, 3), BM_CLICK, 0, 0);
@@ -153,6 +104,8 @@ TEST_F(PagesProgram, CategoriesTabsAndContactsChangesReachTheRegistryAndTheFilte
     EXPECT_TRUE(WaitForGone(chooser));
     ASSERT_TRUE(PressOk(page));
 
+    EXPECT_EQ(WithoutEmptyKeys(Snapshot(HKEY_CURRENT_USER, kProduct.c_str())), seeded)
+        << "nothing written before Done, but the Alphabets dialog next writes at once";
     ASSERT_TRUE(page = OpenPage(main_, L"con", L"ContactSettingsWin"));
     HWND searchBar = PageControl(page, 1);
     SendMessageW(searchBar, CB_SETCURSEL, SendMessageW(searchBar, CB_GETCOUNT, 0, 0) - 1, 0);  // choose alphabets
@@ -161,7 +114,17 @@ TEST_F(PagesProgram, CategoriesTabsAndContactsChangesReachTheRegistryAndTheFilte
     Key(GetDlgItem(alphabets, 1002), VK_END), Key(GetDlgItem(alphabets, 1002), VK_SPACE);  // ticks Thai
     ASSERT_TRUE(PressOk(alphabets) && PressOk(page));
 
+    g_changedMessage = RegisterWindowMessageW(L"OrvaneQuillorySettingsChanged");
+    HWND listener = CreateWindowExW(0, TestWindowClass(L"ChangeListener", ListenerProc), L"", WS_POPUP, 0, 0, 1, 1,
+                                    nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
     EXPECT_EQ(Done(), 0);
+    for (DWORD start = GetTickCount(); g_received == 0 && GetTickCount() - start < 5000; Sleep(20)) PumpMessages();
+    DestroyWindow(listener);
+    EXPECT_EQ(g_received, 1) << "told to every window";
+    EXPECT_EQ(g_parameters, 0u) << "wParam and lParam 0";
+    const std::wstring calendar = kProduct + L"\\Calendar";
+    for (const auto& value : {std::make_pair(L"IncldTasksInCR", 0), {L"SEventsOnClr", 1}, {L"dNumOfDays", 14}})
+        EXPECT_REG_DWORD(HKEY_CURRENT_USER, calendar.c_str(), value.first, value.second);
     const std::wstring look = kProduct + L"\\Categories", contacts = kProduct + L"\\Contacts";
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, look.c_str(), L"CatColor.Home", RGB(0xFF, 0x66, 0x33));
     for (const wchar_t* name : {L"CatFilter.Home", L"CatFilter.Work"})
@@ -180,7 +143,7 @@ TEST_F(PagesProgram, CategoriesTabsAndContactsChangesReachTheRegistryAndTheFilte
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, contacts.c_str(), L"CntctsActiveLanguages", 1 + 16);
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, contacts.c_str(), L"CntctsActiveSearchBar", 0) << "the first entry, then";
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, (contacts + L"\\Alphabets").c_str(), L"Thai", 1);
-    EXPECT_EQ(RegValueCountTree(HKEY_CURRENT_USER, kProduct), 19u) << "those above, the seeded switch, nothing else";
+    EXPECT_EQ(RegValueCountTree(HKEY_CURRENT_USER, kProduct), 22u) << "those above, the seeded values, nothing else";
 }
 
 }  // namespace

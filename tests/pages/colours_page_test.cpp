@@ -1,4 +1,3 @@
-// The Colours page: a colour changed through the real picker, and the scheme buttons.
 #include "dialogs/colour_picker.h"
 #include "files/colour_schemes.h"
 #include "page_fixture.h"
@@ -49,7 +48,6 @@ TEST_F(ColoursPage, SchemeButtonsSaveDeleteAndLoadAndALoadedSchemeClosesThePage)
     Open(8, product_.path());
     SetWindowTextW(Control(kSchemeName), L"Mine");
     ClickThrough(kSave, {On(nullptr, Post(IDOK))});
-    EXPECT_EQ(Text(kSchemeName), L"") << "cleared once saved";
     EXPECT_NE(ReadBytes(SchemeFilePath(L"Mine.scm").c_str()).find(Utf16Bytes(L"\"ClrStatusFree\"=dword:5")),
               std::string::npos);
     SelectScheme(L"Mine.scm");

@@ -1,5 +1,3 @@
-// The Fonts page: values outside the lists, the mode, edits through the font dialog and the
-// colour picker, the reset of font heights.
 #include "common/dialog_answer.h"
 #include "dialogs/colour_picker.h"
 #include "page_fixture.h"
@@ -48,9 +46,14 @@ TEST_F(FontsPage, ValuesOutsideTheListsAreStoredAsTheirIndexAndSeededValuesRound
     EXPECT_TRUE(RoundTripKeeps(kFontsPage));
 }
 
-TEST_F(FontsPage, EditsGoThroughTheDialogOfTheModeAndAColourSetThereSurvivesCancel) {
-    PutDwords(kFontsPath, {{L"FontGnrlUseAdvncd", 1}, {L"FontCalTaskslfColor", RGB(1, 2, 3)}});
+TEST_F(FontsPage, EditsGoThroughTheDialogOfTheModeAColourSetThereSurvivesCancelAndResetSkipsContactFonts) {
+    PutDwords(kFontsPath, {{L"FontGnrlUseAdvncd", 1}, {L"FontCalTaskslfColor", RGB(1, 2, 3)},
+                           {L"FontGenerallfHeight", 20}, {L"FontContactItemslfHeight", 11},
+                           {L"FontContactTitleslfHeight", 13}, {L"FontSEGroupingTtlslfHeight", 15}});
     Open(kFontsPage);
+    DialogAnswerer yes(IDYES);
+    SendMessageW(page_->window(), WM_COMMAND, IDM_RESET_FONT_HEIGHTS, 0);
+    ASSERT_TRUE(yes.Wait());
     PickRow(22);  // contact items, listed before contact titles
     auto bold = [](HWND font) { return SendDlgItemMessageW(font, IDC_FONT_BOLD, BM_CLICK, 0, 0), true; };
     ClickThrough(kEdit, {On(L"Font", bold), On(L"Font", Post(IDC_FONT_SET_COLOR)),
@@ -66,21 +69,10 @@ TEST_F(FontsPage, EditsGoThroughTheDialogOfTheModeAndAColourSetThereSurvivesCanc
     EXPECT_TRUE(Has(L"FontContactItemslfColor", 0x00FFFFFF)) << "#FFFFFF set in the cancelled font dialog";
     EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kFontsPath, L"FontContactItemslfWeight") << "Bold cancelled";
     EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kFontsPath, L"FontCalTaskslfColor") << "Default: no colour of its own";
-    EXPECT_EQ(RegValueCount(HKEY_CURRENT_USER, kFontsPath), 1u) << "nothing else";
-}
-
-TEST_F(FontsPage, ResetGivesTheGeneralHeightToEveryFontButTheContactFonts) {
-    PutDwords(kFontsPath, {{L"FontGenerallfHeight", 20}, {L"FontContactItemslfHeight", 11},
-                           {L"FontContactTitleslfHeight", 13}, {L"FontSEGroupingTtlslfHeight", 15}});
-    Open(kFontsPage);
-    DialogAnswerer yes(IDYES);
-    SendMessageW(page_->window(), WM_COMMAND, IDM_RESET_FONT_HEIGHTS, 0);
-    ASSERT_TRUE(yes.Wait());
-    CloseAndSave();
     for (const wchar_t* base : {L"FontCalTasks", L"FontNoteTitles", L"FontSEGroupingTtls"})
         EXPECT_TRUE(Has((std::wstring(base) + L"lfHeight").c_str(), 20)) << base;
     EXPECT_TRUE(Has(L"FontContactItemslfHeight", 11) && Has(L"FontContactTitleslfHeight", 13));
-    EXPECT_EQ(RegValueCount(HKEY_CURRENT_USER, kFontsPath), 33u) << "30 heights, general's, two contacts'";
+    EXPECT_EQ(RegValueCount(HKEY_CURRENT_USER, kFontsPath), 34u) << "30 heights, general's, contacts', a colour";
 }
 
 }  // namespace

@@ -1,5 +1,3 @@
-// The Notes page: the folder list kept in Notes\Folders (gaps, other types and repeats read,
-// renumbered on storing, a folder refused the second time), the kinds of files scanned.
 #include "dialogs/browser_steps.h"
 #include "page_fixture.h"
 

@@ -1,6 +1,5 @@
 #pragma once
-// A settings page opened through the page framework on the test registry, driven with messages
-// to its real controls, closed (it stores its values) and saved as Done would.
+// A settings page opened on the test registry, driven through its real controls, closed and saved as Done would.
 #include <map>
 
 #include "dialogs/modal_script.h"
@@ -10,8 +9,6 @@
 #include "shell/page_factory.h"
 #include "shell/settings_page.h"
 #include "support/app_state.h"
-
-using Texts = std::vector<std::wstring>;
 
 inline void PutDwords(const wchar_t* path, std::initializer_list<std::pair<const wchar_t*, DWORD>> values) {
     for (const auto& value : values) RegPutDword(HKEY_CURRENT_USER, path, value.first, value.second);
@@ -128,7 +125,6 @@ protected:
         }
         return entries;
     }
-    std::wstring SelectedEntry(int combo) { return Selected(combo) < 0 ? L"<none>" : Entries(combo)[Selected(combo)]; }
     bool Enabled(int number) { return IsWindowEnabled(Control(number)) != FALSE; }
     std::wstring Text(int number) { return WindowText(Control(number)); }
 

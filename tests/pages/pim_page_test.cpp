@@ -1,5 +1,3 @@
-// The PIM page: the applications detected from their registry keys decide its list, PimSw and
-// the options.
 #include "page_fixture.h"
 
 namespace {
@@ -19,10 +17,6 @@ protected:
 
 TEST_F(PimPage, DetectedApplicationsDecideTheListTheStoredCodeAndTheOptions) {
     RegPutDword(HKEY_CURRENT_USER, kPim, L"PimSw", 3);  // Agenda One, which is not installed
-    // Values of the wrong type or size count as no installation.
-    RegPutRaw(HKEY_CURRENT_USER, kPocketInformantPath, L"version", REG_BINARY, "\1\0\0\0\0\0\0\0", 8);
-    RegPutString(HKEY_LOCAL_MACHINE, kAgendaFusionPath, L"VerMajor", L"");
-    RegPutString(HKEY_CURRENT_USER, kAgendaOne, L"InstallPath", std::wstring(300, L'x').c_str());
     Open(9);
     EXPECT_EQ(Entries(kSoftware), Texts{L"Pocket Outlook"});
     EXPECT_EQ(OptionsEnabled(), std::vector<bool>(4, false));

@@ -1,4 +1,3 @@
-// The Special events page: the date list on a fixed date, unlisted values, filter categories.
 #include "page_fixture.h"
 #include "platform/clock.h"
 
@@ -42,10 +41,9 @@ TEST_F(SEventsPage, DatesFollowTheClockUnlistedValuesFallBackAndSeededValuesCome
 
     RemoveProductKeys();
     PutDwords(kEvents, {{L"SEventDays", 0}, {L"SEAlertBeforeDays", 15}, {L"SEContactFormat", 2},
-                        {L"SEApptsDaySpan", 365}, {L"SEFilterAlertBeforeDays", 3}, {L"BreakLineStyle", 0},
-                        {L"IncldFoldBttns", 0}, {L"IncldCounters", 0}});
+                        {L"SEApptsDaySpan", 365}, {L"IncldCounters", 0}});
     RegPutString(HKEY_CURRENT_USER, kEvents, L"AdditionalFilterCat3", L"Work");
-    EXPECT_TRUE(RoundTripKeeps(6, kProductPath, L"", [&] { EXPECT_EQ(SelectedEntry(kAlert), L"16"); }));
+    EXPECT_TRUE(RoundTripKeeps(6, kProductPath, L"", [&] { EXPECT_EQ(Entries(kAlert)[Selected(kAlert)], L"16"); }));
 }
 
 }  // namespace

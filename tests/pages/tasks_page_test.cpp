@@ -1,5 +1,3 @@
-// The Tasks page: the date forms across month and year ends, the greyed custom date that keeps
-// its texts, the left and right icons.
 #include "page_fixture.h"
 #include "pages/tasks_page.h"
 #include "platform/clock.h"
@@ -22,7 +20,6 @@ protected:
         PageFixture::TearDown();
     }
     std::wstring Preview() { return static_cast<TasksSettingsWin*>(page_)->PreviewDateText().c_str(); }
-    void PaintIconSection() { ShowSection(2), UpdateWindow(page_->window()); }
     TasksSettings& tasks = g_settings.tasks;
 };
 
@@ -33,13 +30,11 @@ TEST_F(TasksPage, DateFormsRunIntoTheNextMonthAndYearAndAGreyedCustomDateKeepsIt
                      L"1/4 (due)", L"28/12 - 4/1/11", L"28/12 - 4/1", L"28/12/10 (start)", L"4/1/11 (due)",
                      L"28/12 (start)", L"4/1 (due)"}));
     Close();
-    for (WORD year : {2011, 2012}) {
-        OpenOn({year, 2, 0, 25, 9, 0, 0, 0});
-        EXPECT_EQ(Entries(kDateForm)[1], year == 2012 ? L"2/25 - 3/3" : L"2/25 - 3/4") << "29 February in 2012";
-        Choose(kDateForm, 7);
-        EXPECT_EQ(Preview(), L"25/2 - 25/2") << "the sample starts and is due today";
-        Close();
-    }
+    OpenOn({2012, 2, 0, 25, 9, 0, 0, 0});
+    EXPECT_EQ(Entries(kDateForm)[1], L"2/25 - 3/3") << "over 29 February";
+    Choose(kDateForm, 7);
+    EXPECT_EQ(Preview(), L"25/2 - 25/2") << "the sample starts and is due today";
+    Close();
     EXPECT_EQ(tasks.TsksDateFrmt.value, 7u);
 
     RegPutString(HKEY_CURRENT_USER, kTasksPath, L"CustomDateFrmtStart", L"ddd d");
@@ -52,21 +47,13 @@ TEST_F(TasksPage, DateFormsRunIntoTheNextMonthAndYearAndAGreyedCustomDateKeepsIt
     std::wstring typed;
     for (int i = 0; i < 60; ++i) typed += L"dddd ";
     for (wchar_t key : typed) SendMessageW(Control(kCustomDue), WM_CHAR, key, 1);  // past the edit's limit
-    std::wstring preview = Preview();
-    EXPECT_EQ(preview.substr(0, 25), L"Sat 5 - Saturday Saturday");
-    EXPECT_GT(preview.size(), 256u) << "as long as the locale writes it";
-    PaintIconSection();
+    EXPECT_EQ(Preview().substr(0, 25), L"Sat 5 - Saturday Saturday");
+    ShowSection(2), UpdateWindow(page_->window());  // the sample drawn with the long text
     Click(kUseCustom);
     CloseAndSave();
     EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kTasksPath, L"UseCustomDateTsks");
     EXPECT_REG_STRING(HKEY_CURRENT_USER, kTasksPath, L"CustomDateFrmtStart", L"ddd d");
     EXPECT_REG_STRING(HKEY_CURRENT_USER, kTasksPath, L"CustomDateFrmtEnd", typed.substr(0, 256).c_str());
-
-    OpenOn({2011, 13, 0, 40, 10, 0, 0, 0});  // a date the locale refuses: no text anywhere
-    EXPECT_EQ(Entries(kDateForm), Texts(12));
-    Click(kUseCustom);
-    EXPECT_EQ(Preview(), L"");
-    PaintIconSection();
 }
 
 TEST_F(TasksPage, LeftIconsLeaveTheRightSetUnlessTheOtherSlotHoldsThemAndValuesRoundTrip) {
@@ -87,12 +74,9 @@ TEST_F(TasksPage, LeftIconsLeaveTheRightSetUnlessTheOtherSlotHoldsThemAndValuesR
         EXPECT_REG_DWORD(HKEY_CURRENT_USER, kTasksPath, value.first, value.second);
 
     RemoveProductKeys();
-    PutDwords(kTasksPath, {{L"TsksDateFrmt", 11}, {L"TsksLimitFutureDate", 7}, {L"HideCompletedTasks", 1},
-                           {L"HidePastCompletedTasks", 0}, {L"ConfirmTaskCompleteTsks", 0},
-                           {L"RemoveUndatedLeadingStr", 1}, {L"RemoveUndatedTsks", 1}, {L"TsksLineBreaker", 0},
-                           {L"TsksFoldingType", 1}, {L"TsksUseSmartFolding", 0}, {L"IncludeCountersTsks", 0},
-                           {L"TaskTabLeftAlignIcon1", 8}, {L"TasksRightIcons", 7}, {L"UseCustomDateTsks", 1},
-                           {L"TsksCustomDateStruct", 2}});
+    PutDwords(kTasksPath, {{L"TsksDateFrmt", 11}, {L"TsksLimitFutureDate", 7}, {L"HidePastCompletedTasks", 0},
+                           {L"TsksFoldingType", 1}, {L"TaskTabLeftAlignIcon1", 8}, {L"TasksRightIcons", 7},
+                           {L"UseCustomDateTsks", 1}, {L"TsksCustomDateStruct", 2}});
     RegPutString(HKEY_CURRENT_USER, kTasksPath, L"CustomDateFrmtStart", L"'Start' yyyy");
     RegPutString(HKEY_CURRENT_USER, kTasksPath, L"CustomDateFrmtEnd", L"MMMM dd");
     EXPECT_TRUE(RoundTripKeeps(2));
