@@ -24,13 +24,14 @@ bool ShotTarget::save(HWND window, const wchar_t* picture) const {
     BITMAPFILEHEADER header = {0x4D42, offset + size, 0, 0, offset};
     void* pixels = nullptr;
     HDC memory = CreateCompatibleDC(nullptr);
-    HBITMAP bitmap = CreateDIBSection(memory, reinterpret_cast<BITMAPINFO*>(&info), DIB_RGB_COLORS, &pixels, nullptr, 0);
+    HBITMAP bitmap =
+        CreateDIBSection(memory, reinterpret_cast<BITMAPINFO*>(&info), DIB_RGB_COLORS, &pixels, nullptr, 0);
     SelectObject(memory, bitmap);  // a new section is black
     for (HWND part : windows) {
         GetWindowRect(part, &rect);
         HDC source = GetWindowDC(part);
-        BitBlt(memory, rect.left - area.left, rect.top - area.top, rect.right - rect.left, rect.bottom - rect.top, source,
-               0, 0, SRCCOPY);
+        BitBlt(memory, rect.left - area.left, rect.top - area.top, rect.right - rect.left, rect.bottom - rect.top,
+               source, 0, 0, SRCCOPY);
         ReleaseDC(part, source);
     }
     GdiFlush();
@@ -42,6 +43,6 @@ bool ShotTarget::save(HWND window, const wchar_t* picture) const {
     DeleteDC(memory);
     DeleteObject(bitmap);
     if (!saved) fwprintf(stderr, L"could not save %ls\n", path.c_str());
-    g_savedPictures += saved ? 1 : 0;
+    g_failures += saved ? 0 : 1;
     return saved;
 }

@@ -8,4 +8,4 @@ struct ShotTarget {
     // The window and the pop-ups it owns (menu bars, an open page) as drawn, as a 24-bit BMP.
     bool save(HWND window, const wchar_t* picture) const;
 };
-inline int g_savedPictures = 0;
+inline int g_failures = 0;  // pictures not saved
