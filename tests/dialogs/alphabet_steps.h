@@ -1,13 +1,9 @@
 #pragma once
-// An installation whose CustomAlphabets folder holds the given files, and a user ticking alphabets.
 #include <algorithm>
-#include <functional>
 
 #include "dialogs/alphabet_dialog.h"
 #include "dialogs/modal_script.h"
 #include "settings/settings_test_util.h"
-
-using Texts = std::vector<std::wstring>;
 
 // A scratch folder named by the Today item's InstallPath while it lives, holding the alphabet files.
 struct AlphabetInstall {

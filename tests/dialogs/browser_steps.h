@@ -1,13 +1,9 @@
 #pragma once
 // What a user does in the file browser, as steps for a ModalScript.
-#include <algorithm>
-
 #include "dialogs/file_browser.h"
 #include "modal_script.h"
 
-struct BrowserWindows {
-    HWND dialog = nullptr, list = nullptr, path = nullptr, name = nullptr, extension = nullptr;
-};
+struct BrowserWindows { HWND dialog, list, path, name, extension; };
 
 inline BrowserWindows FindBrowser(const wchar_t* title) {
     HWND dialog = ModalScript::FindDialog(title);
@@ -16,9 +12,8 @@ inline BrowserWindows FindBrowser(const wchar_t* title) {
 }
 
 inline int FindItem(HWND list, const std::wstring& text) {
-    std::vector<std::wstring> texts = ListTexts(list);
-    auto found = std::find(texts.begin(), texts.end(), text);
-    return found == texts.end() ? -1 : static_cast<int>(found - texts.begin());
+    LVFINDINFOW find = {LVFI_STRING, text.c_str()};
+    return ListView_FindItem(list, -1, &find);
 }
 
 // Selects an item as a tap does: selected, focused and the selection mark; -1 selects nothing.
@@ -29,7 +24,6 @@ inline void PickItem(HWND list, int index) {
     ListView_SetSelectionMark(list, index);
 }
 
-// Picks the item and presses Enter on the list, which activates it.
 inline void ActivateItem(HWND list, const std::wstring& text) {
     PickItem(list, FindItem(list, text));
     SendMessageW(list, WM_KEYDOWN, VK_RETURN, 0);
@@ -38,6 +32,5 @@ inline void ActivateItem(HWND list, const std::wstring& text) {
 // The Back key as the shell reports it once released.
 inline void PressBack(HWND dialog) { SendMessageW(dialog, WM_HOTKEY, 0, MAKELPARAM(0x1000, VK_ESCAPE)); }
 
-// Commands are posted: OK may open a message box, whose loop must not run inside a step.
-inline void PressOk(HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDOK, 0); }
-inline void PressCancel(HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0); }
+// Posted: OK may open a message box, whose loop must not run inside a step. True: the step is done.
+inline bool Press(HWND dialog, int command) { return PostMessageW(dialog, WM_COMMAND, command, 0), true; }

@@ -2,9 +2,12 @@
 
 #include "common/test_support.h"
 #include "dialogs/font_dialog.h"
+#include "dialogs/font_preview.h"
 #include "modal_script.h"
 #include "program_ids.h"
+#include "settings/settings.h"
 #include "support/app_state.h"
+#include "support/handles.h"
 
 namespace {
 
@@ -38,6 +41,34 @@ TEST(FontDialog, WeightAndSizeRules) {
         EXPECT_EQ(std::make_tuple(font.lfHeight, font.lfWeight, font.lfItalic, font.lfUnderline, font.lfStrikeOut),
                   std::make_tuple(c.heightAfter, c.weightAfter, BYTE(1), BYTE(1), BYTE(0)));
     }
+}
+
+TEST(TimeColumn, TimeTextOfTheFormatPlusTheLargerIconPairIndentAndLeadingRectangleKeptUntilForgotten) {
+    LoadSettings();
+    CalendarSettings& cal = g_settings.calendar;
+    FontsSettings& fonts = g_settings.fonts;
+    fonts.FontCalApptBusy.font.lfHeight = 40;
+    IntSetting* settings[] = {&cal.ApptDisplayFormat, &fonts.FontGnrlUseAdvncd, &g_settings.general.IndentItems,
+                              &cal.LeadingRects, &cal.ApptLeftAlignIcon1, &cal.ApptLeftAlignIcon2,
+                              &cal.TaskLeftAlignIcon1, &cal.TaskLeftAlignIcon2};
+    struct Case { DWORD values[8]; const wchar_t* text; int added; } cases[] = {
+        {{7, 0, 1, 1, 3, 0, 0, 0}, L"", 2 + 13 + 8},  // no time text and no leading rectangle past 6
+        {{6, 2, 2, 2, 0, 0, 1, 1}, L"XXMultiday:", 26 + 12},  // neither 2 indents nor means advanced fonts
+        {{5, 1, 0, 0, 1, 1, 0, 3}, L"X22:22-Multiday:", 26},
+    };
+    HDC dc = CreateCompatibleDC(nullptr);
+    int kept = TimeColumnWidth(dc);
+    for (const Case& c : cases) {
+        for (int i = 0; i < 8; ++i) settings[i]->value = c.values[i];
+        Font font(CreateFontIndirectW(&(c.values[1] == 1 ? fonts.FontCalApptBusy : fonts.FontGeneral).font));
+        DcSelection selected(dc, font.get());
+        RECT box = {0, 0, 200, 200};
+        DrawTextW(dc, c.text, -1, &box, DT_CALCRECT | DT_SINGLELINE | DT_NOPREFIX);
+        EXPECT_EQ(TimeColumnWidth(dc), kept) << "kept until forgotten";
+        ForgetTimeColumnWidth();
+        EXPECT_EQ(kept = TimeColumnWidth(dc), box.right + c.added) << c.values[0];
+    }
+    DeleteDC(dc);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #pragma once
-// Drives a modal dialog from inside its own message loop: a thread timer plays steps while the loop
-// runs; a step returns false to be tried again on the next tick. Steps that take too long fail the
-// test and end every dialog of the thread, so a broken dialog cannot hang the test.
+// Drives a modal dialog from inside its own loop: a thread timer plays steps, a step returning false is
+// tried again on the next tick; a step that never completes fails the test and ends the thread's dialogs.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -11,6 +10,18 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+
+using Texts = std::vector<std::wstring>;
+
+inline std::wstring WindowText(HWND window) {
+    wchar_t text[1024] = L"";
+    return GetWindowTextW(window, text, 1024), text;
+}
+
+inline bool ClassIs(HWND window, const wchar_t* name) {
+    wchar_t className[32] = L"";
+    return GetClassNameW(window, className, 32) && _wcsicmp(className, name) == 0;
+}
 
 class ModalScript {
 public:
@@ -31,18 +42,12 @@ public:
 
     // The visible dialogs and message boxes of this thread titled `title` (any when null), topmost first.
     static std::vector<HWND> ThreadDialogs(const wchar_t* title) {
-        std::pair<const wchar_t*, std::vector<HWND>> search(title, {});
-        EnumThreadWindows(GetCurrentThreadId(), [](HWND window, LPARAM data) -> BOOL {
-            auto* search = reinterpret_cast<std::pair<const wchar_t*, std::vector<HWND>>*>(data);
-            wchar_t className[32] = L"", text[256] = L"";
-            GetClassNameW(window, className, 32);
-            GetWindowTextW(window, text, 256);
-            if (wcscmp(className, L"#32770") == 0 && IsWindowVisible(window) &&
-                (!search->first || wcscmp(text, search->first) == 0))
-                search->second.push_back(window);
-            return TRUE;
-        }, reinterpret_cast<LPARAM>(&search));
-        return search.second;
+        std::vector<HWND> found;
+        for (HWND window = GetTopWindow(nullptr); window; window = GetWindow(window, GW_HWNDNEXT))
+            if (GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId() && IsWindowVisible(window) &&
+                ClassIs(window, L"#32770") && (!title || WindowText(window) == title))
+                found.push_back(window);
+        return found;
     }
 
     static HWND FindDialog(const wchar_t* title) {
@@ -52,43 +57,32 @@ public:
 
 private:
     static void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD) {
-        ModalScript* script = current_;
-        if (!script || script->busy_) return;
-        script->busy_ = true;
-        if (++script->ticks_ > script->maxTicks_) {
-            if (script->ticks_ == script->maxTicks_ + 1)
-                ADD_FAILURE() << "step " << script->next_ + 1 << " never completed";
+        ModalScript* script = std::exchange(current_, nullptr);  // a step's own modal loop plays nothing
+        if (!script) return;
+        if (++script->ticks_ == script->maxTicks_ + 1) ADD_FAILURE() << "step " << script->next_ + 1 << " hangs";
+        if (script->ticks_ > script->maxTicks_)
             for (HWND dialog : ThreadDialogs(nullptr)) EndDialog(dialog, 0);
-        } else if (script->next_ < script->steps_.size() && script->steps_[script->next_]()) {
+        else if (script->next_ < script->steps_.size() && script->steps_[script->next_]())
             ++script->next_;
-        }
-        script->busy_ = false;
+        current_ = script;
     }
 
     inline static ModalScript* current_ = nullptr;
     std::vector<Step> steps_;
     size_t next_ = 0;
     int ticks_ = 0, maxTicks_ = 1000;
-    bool busy_ = false;
 };
-
-inline std::wstring WindowText(HWND window) {
-    wchar_t text[1024] = L"";
-    return GetWindowTextW(window, text, 1024), text;
-}
 
 // The texts of a message box's static controls, joined by line feeds.
 inline std::wstring StaticTexts(HWND window) {
     std::wstring texts;
-    wchar_t className[32];
     for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        if (GetClassNameW(child, className, 32) && _wcsicmp(className, L"static") == 0)
-            texts += WindowText(child) + L"\n";
+        if (ClassIs(child, L"static")) texts += WindowText(child) + L"\n";
     return texts;
 }
 
-inline std::vector<std::wstring> ListTexts(HWND list) {
-    std::vector<std::wstring> texts(ListView_GetItemCount(list));
+inline Texts ListTexts(HWND list) {
+    Texts texts(ListView_GetItemCount(list));
     for (int i = 0; i < static_cast<int>(texts.size()); ++i) {
         wchar_t text[MAX_PATH] = L"";
         ListView_GetItemText(list, i, 0, text, MAX_PATH);
