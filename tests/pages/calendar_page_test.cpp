@@ -29,11 +29,11 @@ TEST_F(CalendarPage, OptionsAreStoredWhenTheirRowLosesTheSelectionOddValuesFallB
     PutDwords(kCalendarPath, {{L"dNumOfDays", 30}, {L"ApptDisplayFormat", 1}, {L"MonthlyPopIconsSize", 99}});
     RegPutDword(HKEY_CURRENT_USER, kProductPath, L"dHeightLimit", 100);
     CalendarSettingsWin* page = Open();
-    EXPECT_EQ(Text(kDays), L"30");
+    EXPECT_EQ(WindowText(Control(kDays)), L"30") << "not in the list: shown as typed";
     EXPECT_FALSE(Enabled(kHideEmptyLine)) << "greyed while empty days are hidden";
     Click(kHideEmpty);
     EXPECT_TRUE(Enabled(kHideEmptyLine));
-    Choose(kDays, 0), Choose(kTextColour, 2);
+    Choose(kTextColour, 2);
     Row(2, 0);  // a check: tasks in the calendar, ticked by default
     Tick(false);
     Row(2, 4);
@@ -61,7 +61,7 @@ TEST_F(CalendarPage, OptionsAreStoredWhenTheirRowLosesTheSelectionOddValuesFallB
     ModalScript().Then(On(L"Month Calendar", Post(IDOK))).Play([&] { Row(5, 0); });
     Close();
     // Pinning refused: 0; the open option stored on closing; 99 matches no size: no selection.
-    for (const auto& stored : {std::make_pair(&calendar.PinnedMonthlyClr, 0u), {&calendar.dNumOfDays, 1u},
+    for (const auto& stored : {std::make_pair(&calendar.PinnedMonthlyClr, 0u), {&calendar.dNumOfDays, 30u},
                                {&calendar.ClrTextColor, 2u}, {&calendar.HideEmptyGroups, 0u},
                                {&calendar.DatesToIncldCmpltdTsksOnClr, 2u}, {&calendar.DueDateTsksDateFrmt, 3u},
                                {&calendar.MonthlyPopIconsSize, 0xFFFFFFFFu},

@@ -14,7 +14,6 @@ TEST_F(MessagesPage, UnshownSectionIsStoredAndALineStyleBeyondTheListBecomesMinu
     Click(kOpenOnClick);
     CloseAndSave();  // the layout section was never shown
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kMessages, L"MsgsOpenOnClick", 1);
-    EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kMessages, L"MsgsPreviewWhenOpen");
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kMessages, L"MsgsBreakLineStyle", 0xFFFFFFFF);
     EXPECT_TRUE(RoundTripKeeps(5)) << "the other seeded values";
 }

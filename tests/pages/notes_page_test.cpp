@@ -39,7 +39,6 @@ TEST_F(NotesPage, FoldersAreReadWhateverTheirNamesRenumberedWhenStoredAndAddedOn
 TEST_F(NotesPage, SeededValuesMakeTheRoundTripAndWithoutTheListsProductItsKindIsStored) {
     RegPutString(HKEY_CURRENT_USER, L"Software\\Orvane\\Jotterly", L"ListsPath", L"\\Lists");
     PutDwords(kNotes, {{L"NotesActiveSearchBar", 6}, {L"NotesPreviewNotesState", 0}, {L"NotesBreakLineStyle", 1},
-                       {L"NotesIncldFoldBttns", 0}, {L"NotesIncldCounters", 0},
                        {L"NotesScannedFileTypes", 107}});  // notes, text, lists, recordings
     RegPutString(HKEY_CURRENT_USER, kFolders, L"0", b_.path().c_str());
     RegPutString(HKEY_CURRENT_USER, kFolders, L"1", a_.path().c_str());

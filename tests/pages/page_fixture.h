@@ -42,7 +42,6 @@ protected:
         DestroyWindow(owner_);
         ClearCategories(g_categories);
         if (g_app.languageLibrary) FreeLibrary(g_app.languageLibrary);
-        g_app.languageLibrary = nullptr;
         RemoveProductKeys();
     }
     // Loads the record from the registry as it stands, with the English texts, and opens the page.
@@ -126,7 +125,6 @@ protected:
         return entries;
     }
     bool Enabled(int number) { return IsWindowEnabled(Control(number)) != FALSE; }
-    std::wstring Text(int number) { return WindowText(Control(number)); }
 
     HWND owner_ = nullptr;
     SettingsPage* page_ = nullptr;

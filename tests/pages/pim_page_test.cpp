@@ -28,7 +28,6 @@ TEST_F(PimPage, DetectedApplicationsDecideTheListTheStoredCodeAndTheOptions) {
     Open(9);
     EXPECT_EQ(Entries(kSoftware), (Texts{L"Pocket Outlook", L"Agenda Fusion"}));
     Choose(kSoftware, 1);
-    EXPECT_EQ(g_settings.customPim.PimSw.value, 1u) << "the index at once";
     EXPECT_EQ(OptionsEnabled(), (std::vector<bool>{true, true, false, true})) << "as for Pocket Informant";
     Click(kOverrideColours);
     CloseAndSave();

@@ -56,7 +56,6 @@ TEST_F(TabsPage, MovesCarryCheckBoxesOnlyAddedPlugInsGoAndTheDefaultTabRowsStore
                           {L"DfltTabTimeOut", 3}, {L"DfltTab", 3}, {L"DfltTabOnStartup", 1}});
     PutDwords((kTabs + L"\\Weather").c_str(), {{L"Order", 7}, {L"Type", 1}, {L"Enabled", 1}});  // added earlier
     RegPutString(HKEY_CURRENT_USER, (kTabs + L"\\Weather").c_str(), L"DLL", L"weather.dll");
-    RegPutDword(HKEY_CURRENT_USER, (kTabs + L"\\Contacts").c_str(), L"Kept", 5);
     EXPECT_TRUE(RoundTripKeeps(10, kTabsPath));
 
     RegPutDword(HKEY_CURRENT_USER, (kTabs + L"\\Clock").c_str(), L"Enabled", 1);  // no type: kind 1
