@@ -18,8 +18,7 @@ struct AlphabetInstall {
     std::wstring folder = root.path();
 };
 
-// In the dialog `open` brings up ticks exactly `tick` and presses `command`; returns the rows and
-// appends those ticked before to `ticked`.
+// Ticks exactly `tick` and presses `command`; returns the rows, adding those ticked at first to `ticked`.
 inline Texts TickAlphabets(const std::function<void()>& open, const Texts& tick, int command, Texts* ticked = nullptr) {
     Texts rows;
     ModalScript().Then([&] {

@@ -19,7 +19,7 @@ public:
     HWND edit = nullptr;
 };
 
-TEST(DialogBase, OpeningEndsVgaDoublingMakesFontsAndOnlyFullScreenTakesTheScreen) {
+TEST(DialogBase, OpeningEndsVgaDoublingMakesFontsAndOnlyFullScreenKeepsTheFocusAndTakesTheScreen) {
     HDC screen = GetDC(nullptr);
     const LONG screenScaled12 = (12 * GetDeviceCaps(screen, LOGPIXELSX) + 48) / 96;
     ReleaseDC(nullptr, screen);
@@ -38,6 +38,9 @@ TEST(DialogBase, OpeningEndsVgaDoublingMakesFontsAndOnlyFullScreenTakesTheScreen
             GetObjectW(probe.boldFont(), sizeof bold, &bold);
             EXPECT_EQ(SendMessageW(probe.edit, WM_GETFONT, 0, 0), reinterpret_cast<LRESULT>(probe.normalFont()));
             GetClientRect(dialog, &client);
+            SetFocus(probe.edit);
+            SendMessageW(dialog, WM_ACTIVATE, WA_INACTIVE, 0);
+            EXPECT_EQ(probe.activateInfo().hwndLastFocus, fullScreen ? probe.edit : nullptr) << "only full screen";
             return EndDialog(dialog, fullScreen ? 0 : 7), true;
         }).Play([&] { result = RunModal(GetModuleHandleW(nullptr), &probe); });
         EXPECT_EQ(result, !fullScreen) << "ended with 7 when plain, 0 when full screen";

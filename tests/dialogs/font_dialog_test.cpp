@@ -56,19 +56,18 @@ TEST(TimeColumn, TimeTextOfTheFormatPlusTheLargerIconPairIndentAndLeadingRectang
         {{6, 2, 2, 2, 0, 0, 1, 1}, L"XXMultiday:", 26 + 12},  // neither 2 indents nor means advanced fonts
         {{5, 1, 0, 0, 1, 1, 0, 3}, L"X22:22-Multiday:", 26},
     };
-    HDC dc = CreateCompatibleDC(nullptr);
-    int kept = TimeColumnWidth(dc);
+    MemoryDc dc(CreateCompatibleDC(nullptr));
+    int kept = TimeColumnWidth(dc.get());
     for (const Case& c : cases) {
         for (int i = 0; i < 8; ++i) settings[i]->value = c.values[i];
         Font font(CreateFontIndirectW(&(c.values[1] == 1 ? fonts.FontCalApptBusy : fonts.FontGeneral).font));
-        DcSelection selected(dc, font.get());
+        DcSelection selected(dc.get(), font.get());
         RECT box = {0, 0, 200, 200};
-        DrawTextW(dc, c.text, -1, &box, DT_CALCRECT | DT_SINGLELINE | DT_NOPREFIX);
-        EXPECT_EQ(TimeColumnWidth(dc), kept) << "kept until forgotten";
+        DrawTextW(dc.get(), c.text, -1, &box, DT_CALCRECT | DT_SINGLELINE | DT_NOPREFIX);
+        EXPECT_EQ(TimeColumnWidth(dc.get()), kept) << "kept until forgotten";
         ForgetTimeColumnWidth();
-        EXPECT_EQ(kept = TimeColumnWidth(dc), box.right + c.added) << c.values[0];
+        EXPECT_EQ(kept = TimeColumnWidth(dc.get()), box.right + c.added) << c.values[0];
     }
-    DeleteDC(dc);
 }
 
 }  // namespace

@@ -41,8 +41,7 @@ protected:
         FreeItemIcons();
         for (HMODULE* library : {&g_app.languageLibrary, &g_app.displayLibrary}) FreeLibrary(*library), *library = 0;
     }
-    // In the chooser `open` brings up notes the entries and which show the picture of entry `same`,
-    // picks `pick` and presses `command`.
+    // Notes the chooser's entries and those drawn like entry `same`, picks `pick` and presses `command`.
     void Run(const wchar_t* title, const std::function<void()>& open, int pick, int command = IDOK, int same = 0) {
         ModalScript().Then([&] {
             HWND dialog = ModalScript::FindDialog(title), list = GetDlgItem(dialog, kIconChooserList);
