@@ -57,6 +57,7 @@ public:
         g_app.displayLibrary = LoadLibraryW(ScaleForDisplay(1) > 1 ? L"HighDpiRes.dll" : L"LowDpiRes.dll");
     }
     SettingsPage* openPage(int index) {
+        closePage();
         NMITEMACTIVATE activate = {{g_app.pageList, 0, static_cast<UINT>(LVN_ITEMACTIVATE)}, index};
         SendMessageW(window_, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&activate));
         Pump(4);
@@ -76,14 +77,8 @@ private:
     HWND window_;
 };
 
-// Switches the page to another section as a click on its tab does.
-void ShowSection(SettingsPage* page, int section) {
-    NMHDR header = {page->sectionTabs(), 0, static_cast<UINT>(TCN_SELCHANGING)};
-    SendMessageW(page->window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header));
-    SendMessageW(page->sectionTabs(), TCM_SETCURSEL, section, 0);
-    header.code = static_cast<UINT>(TCN_SELCHANGE);
-    SendMessageW(page->window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header));
-}
+// Switches the page to another section as a click on its tab does: the tab control notifies the page.
+void ShowSection(SettingsPage* page, int section) { TabCtrl_SetCurFocus(page->sectionTabs(), section); }
 
 void SelectRow(HWND list, int row) {
     ListView_SetItemState(list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
@@ -155,7 +150,6 @@ void PagePictures(const ShotTarget& to) {
             if (section > 0) ShowSection(page, section);
             main.picture(to, (names[index] + (L"_" + std::to_wstring(section + 1))).c_str());
         }
-        main.closePage();
     }
 }
 
@@ -179,7 +173,6 @@ void Dialogs(const ShotTarget& to) {
         std::filesystem::create_directories(documents / name, ignored);
     for (const wchar_t* name : {L"QL_Backup_2024_01_31.qlsb", L"QL_Backup_2024_03_02.qlsb", L"notes.txt"})
         std::ofstream(documents / name) << 'x';
-    LoadSettings();
     WString icons(g_settings.general.QLIconsFolder.c_str()), current(icons.c_str()), chosen;
     current.append(L"\\Holiday.bmp");
     ColourRequest colour = {RGB(0x33, 0x99, 0xCC), true};
@@ -224,7 +217,6 @@ void PlannerPictures(const ShotTarget& to) {
     main.picture(to, L"tasks_custom_date");
     ShowSection(tasks, 2);
     main.picture(to, L"tasks_custom_date_preview");
-    main.closePage();
     const struct {
         int section, list, row;
         const wchar_t* picture;
@@ -247,23 +239,6 @@ void PlannerPictures(const ShotTarget& to) {
     main.picture(to, L"calendar_icons_chosen");
 }
 
-// The filter section has a tab only while category filters are in use.
-void CategoriesPictures(const ShotTarget& to) {
-    TemporaryValue filtersOn(HKEY_CURRENT_USER, L"Software\\Orvane\\Quillory", L"FilterMethodToUse", nullptr, 1);
-    ShotWindow main;
-    const COLORREF colours[] = {RGB(220, 40, 40), RGB(40, 150, 60), RGB(40, 90, 210)};
-    int given = 0, row = 0;
-    for (CategoryRecord* r = g_categories.head; r && given < 3; r = r->next, ++row)
-        if (row % 2 == 0) r->colour = colours[given++];
-    SettingsPage* page = main.openPage(11);
-    ShowSection(page, 1);
-    SelectRow(page->control(1), 2);
-    main.picture(to, L"categories_rows");
-    ShowSection(page, 2);
-    SendMessageW(page->control(5), CB_SETCURSEL, 0, 0);
-    main.picture(to, L"categories_filters");
-}
-
 void ColourAndFontPictures(const ShotTarget& to) {
     ShotWindow main;
     g_settings.colors.ClrStatusBusy.value = RGB(0x00, 0x66, 0xFF);
@@ -273,7 +248,6 @@ void ColourAndFontPictures(const ShotTarget& to) {
         ListView_EnsureVisible(colours->control(1), item, FALSE);
         main.picture(to, item == 13 ? L"colours_item" : L"colours_item_default");
     }
-    main.closePage();
     g_settings.fonts.FontGnrlUseAdvncd.value = 0;
     g_settings.fonts.FontCalApptBusy.colour.value = RGB(0x00, 0x66, 0xFF);
     SettingsPage* fonts = main.openPage(7);
@@ -287,7 +261,8 @@ void ColourAndFontPictures(const ShotTarget& to) {
                    {{L"font_dialog", IDCANCEL}});
 }
 
-// Notes folders and installed organiser programs as the pages find them in the registry.
+// Notes folders, installed organiser programs and category filters in use (the categories page has a filter section
+// only then) as the pages find them in the registry.
 void RegistryPictures(const ShotTarget& to) {
     TemporaryValue first(HKEY_CURRENT_USER, kNotesFoldersKeyPath, L"0", L"\\Program Files");
     TemporaryValue second(HKEY_CURRENT_USER, kNotesFoldersKeyPath, L"1", L"\\windows");
@@ -295,22 +270,32 @@ void RegistryPictures(const ShotTarget& to) {
     TemporaryValue fusion(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Developer One, Inc.\\Agenda Fusion", L"VerMajor", nullptr, 3);
     TemporaryValue agendaOne(HKEY_CURRENT_USER, L"SOFTWARE\\Developer One\\Agenda One", L"InstallPath",
                              L"\\Program Files\\Agenda One");
+    TemporaryValue filtersOn(HKEY_CURRENT_USER, L"Software\\Orvane\\Quillory", L"FilterMethodToUse", nullptr, 1);
     ShotWindow main;
     ShowSection(main.openPage(3), 3);
     main.picture(to, L"notes_folders");
-    main.closePage();
     SettingsPage* events = main.openPage(6);
     Choose(events, 5, 2);
     main.picture(to, L"sevents_date_chosen");
     ShowSection(events, 1);
     for (int row = 0; row < 4; ++row) Choose(events, 13 + 2 * row, row + 1);
     main.picture(to, L"sevents_categories_chosen");
-    main.closePage();
     SettingsPage* pim = main.openPage(9);
     Choose(pim, 1, 2);
     main.picture(to, L"pim_fusion_chosen");
     ShowSection(pim, 1);
     main.picture(to, L"pim_fusion_options");
+    const COLORREF colours[] = {RGB(220, 40, 40), RGB(40, 150, 60), RGB(40, 90, 210)};
+    int given = 0, row = 0;
+    for (CategoryRecord* r = g_categories.head; r && given < 3; r = r->next, ++row)
+        if (row % 2 == 0) r->colour = colours[given++];
+    SettingsPage* categories = main.openPage(11);
+    ShowSection(categories, 1);
+    SelectRow(categories->control(1), 2);
+    main.picture(to, L"categories_rows");
+    ShowSection(categories, 2);
+    SendMessageW(categories->control(5), CB_SETCURSEL, 0, 0);
+    main.picture(to, L"categories_filters");
 }
 
 }  // namespace
@@ -324,8 +309,6 @@ int wmain(int argc, wchar_t** argv) {
     InitCommonControlsForProgram();
     g_app.instance = GetModuleHandleW(nullptr);
     RegisterMainWindowClass(g_app.instance);
-    for (auto take :
-         {PagePictures, Dialogs, PlannerPictures, CategoriesPictures, ColourAndFontPictures, RegistryPictures})
-        take(to);
+    for (auto take : {PagePictures, Dialogs, PlannerPictures, ColourAndFontPictures, RegistryPictures}) take(to);
     return g_failures == 0 ? 0 : 1;
 }

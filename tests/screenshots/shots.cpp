@@ -6,7 +6,7 @@
 
 // Each window is copied from its own device context, pop-ups bottom of the Z order first: the X
 // screen may not show the latest drawing yet.
-bool ShotTarget::save(HWND window, const wchar_t* picture) const {
+void ShotTarget::save(HWND window, const wchar_t* picture) const {
     std::vector<HWND> windows = {window};
     for (HWND popup = GetWindow(GetDesktopWindow(), GW_CHILD); popup; popup = GetWindow(popup, GW_HWNDNEXT)) {
         HWND owner = GetWindow(popup, GW_OWNER);
@@ -44,5 +44,4 @@ bool ShotTarget::save(HWND window, const wchar_t* picture) const {
     DeleteObject(bitmap);
     if (!saved) fwprintf(stderr, L"could not save %ls\n", path.c_str());
     g_failures += saved ? 0 : 1;
-    return saved;
 }

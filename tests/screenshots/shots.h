@@ -6,6 +6,6 @@ struct ShotTarget {
     const wchar_t* folder;
     const wchar_t* label;
     // The window and the pop-ups it owns (menu bars, an open page) as drawn, as a 24-bit BMP.
-    bool save(HWND window, const wchar_t* picture) const;
+    void save(HWND window, const wchar_t* picture) const;
 };
 inline int g_failures = 0;  // pictures not saved
