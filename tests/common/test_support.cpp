@@ -1,7 +1,9 @@
 #include "common/test_support.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <vector>
 
 std::wstring TestBinDir() {
@@ -22,41 +24,18 @@ ScratchFolder::ScratchFolder(const wchar_t* name) {
 ScratchFolder::~ScratchFolder() { RemoveTree(path_); }
 
 void RemoveTree(const std::wstring& path) {
-    WIN32_FIND_DATAW data;
-    HANDLE find = FindFirstFileW((path + L"\\*").c_str(), &data);
-    if (find != INVALID_HANDLE_VALUE) {
-        do {
-            std::wstring name = data.cFileName;
-            if (name == L"." || name == L"..") continue;
-            std::wstring child = path + L"\\" + name;
-            if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
-                RemoveTree(child);
-            } else {
-                SetFileAttributesW(child.c_str(), FILE_ATTRIBUTE_NORMAL);
-                DeleteFileW(child.c_str());
-            }
-        } while (FindNextFileW(find, &data));
-        FindClose(find);
-    }
-    RemoveDirectoryW(path.c_str());
+    std::error_code ignored;
+    std::filesystem::remove_all(path, ignored);
 }
 
 void WriteBytes(const std::wstring& path, const std::string& bytes) {
-    FILE* file = _wfopen(path.c_str(), L"wb");
-    ASSERT_NE(file, nullptr);
-    fwrite(bytes.data(), 1, bytes.size(), file);
-    fclose(file);
+    std::ofstream out(std::filesystem::path(path), std::ios::binary);
+    ASSERT_TRUE(out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()))) << "cannot write the file";
 }
 
 std::string ReadBytes(const std::wstring& path) {
-    std::string bytes;
-    FILE* file = _wfopen(path.c_str(), L"rb");
-    if (!file) return bytes;
-    char block[4096];
-    size_t got;
-    while ((got = fread(block, 1, sizeof block, file)) > 0) bytes.append(block, got);
-    fclose(file);
-    return bytes;
+    std::ifstream in(std::filesystem::path(path), std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
 std::string Utf16Bytes(const std::wstring& text) {
@@ -156,34 +135,39 @@ void RegPutRaw(HKEY root, const wchar_t* path, const wchar_t* name, DWORD type, 
     RegCloseKey(key);
 }
 
+namespace {
+
+::testing::AssertionResult Mismatch(const wchar_t* path, const wchar_t* name, const std::string& what) {
+    return ::testing::AssertionFailure() << Where(path, name) << " " << what;
+}
+
+}  // namespace
+
 ::testing::AssertionResult RegHasDword(HKEY root, const wchar_t* path, const wchar_t* name, DWORD expected) {
     ReadValue value = Read(root, path, name);
-    if (!value.found) return ::testing::AssertionFailure() << Where(path, name) << " is missing";
+    if (!value.found) return Mismatch(path, name, "is missing");
     if (value.type != REG_DWORD || value.data.size() != 4)
-        return ::testing::AssertionFailure() << Where(path, name) << " is not a DWORD (type " << value.type << ")";
+        return Mismatch(path, name, "is not a DWORD (type " + std::to_string(value.type) + ")");
     DWORD actual = *reinterpret_cast<DWORD*>(value.data.data());
     if (actual != expected)
-        return ::testing::AssertionFailure() << Where(path, name) << " is " << actual << ", expected " << expected;
+        return Mismatch(path, name, "is " + std::to_string(actual) + ", expected " + std::to_string(expected));
     return ::testing::AssertionSuccess();
 }
 
 ::testing::AssertionResult RegHasString(HKEY root, const wchar_t* path, const wchar_t* name,
                                         const wchar_t* expected) {
     ReadValue value = Read(root, path, name);
-    if (!value.found) return ::testing::AssertionFailure() << Where(path, name) << " is missing";
-    if (value.type != REG_SZ) return ::testing::AssertionFailure() << Where(path, name) << " is not REG_SZ";
+    if (!value.found) return Mismatch(path, name, "is missing");
+    if (value.type != REG_SZ) return Mismatch(path, name, "is not REG_SZ");
     std::wstring actual(reinterpret_cast<wchar_t*>(value.data.data()), value.data.size() / sizeof(wchar_t));
     while (!actual.empty() && actual.back() == 0) actual.pop_back();
     if (actual != expected)
-        return ::testing::AssertionFailure() << Where(path, name) << " is \"" << Narrow(actual) << "\", expected \""
-                                             << Narrow(expected) << "\"";
+        return Mismatch(path, name, "is \"" + Narrow(actual) + "\", expected \"" + Narrow(expected) + "\"");
     return ::testing::AssertionSuccess();
 }
 
 ::testing::AssertionResult RegHasNoValue(HKEY root, const wchar_t* path, const wchar_t* name) {
-    if (Read(root, path, name).found)
-        return ::testing::AssertionFailure() << Where(path, name) << " exists but should not";
-    return ::testing::AssertionSuccess();
+    return Read(root, path, name).found ? Mismatch(path, name, "exists but should not") : ::testing::AssertionSuccess();
 }
 
 // ---- registry write order ---------------------------------------------------------------------
