@@ -42,8 +42,7 @@ void Pump(int rounds) {
 }
 
 // A fitted main window on screen, destroyed on leaving scope.
-class ShotWindow {
-public:
+struct ShotWindow {
     ShotWindow() : window_(CreateFittedMainWindow(g_app.instance)) {
         ShowWindow(window_, SW_SHOW);
         Pump(8);
@@ -72,8 +71,6 @@ public:
         Pump(8);
         to.save(window_, name);
     }
-
-private:
     HWND window_;
 };
 
@@ -110,15 +107,10 @@ void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     if (g_onTimer) g_onTimer();
 }
 
-struct DialogStep {
-    const wchar_t* picture;  // saved first, unless null
-    UINT command;            // then posted to the dialog
-};
-
 // Runs `open`, which shows the dialog titled `title` modally, and takes one step every ten timer ticks while the
-// dialog is up. After 5 s the active dialog is ended.
+// dialog is up: saves the step's picture unless null, then posts its command. After 5 s the active dialog is ended.
 void DialogPictures(const ShotTarget& to, const wchar_t* title, const std::function<void()>& open,
-                    const std::vector<DialogStep>& steps) {
+                    const std::vector<std::pair<const wchar_t*, UINT>>& steps) {
     auto step = steps.begin();
     int ticks = 0, ticksShown = 0;
     g_onTimer = [&] {
@@ -128,8 +120,8 @@ void DialogPictures(const ShotTarget& to, const wchar_t* title, const std::funct
         if (!dialog || !IsWindowVisible(dialog)) return;
         SetForegroundWindow(dialog);
         if (++ticksShown % 10 != 0) return;  // a few ticks for everything to be drawn
-        if (step->picture) to.save(dialog, step->picture);
-        PostMessageW(dialog, WM_COMMAND, step++->command, 0);
+        if (step->first) to.save(dialog, step->first);
+        PostMessageW(dialog, WM_COMMAND, step++->second, 0);
     };
     UINT_PTR timer = SetTimer(nullptr, 0, 10, OnTimer);
     open();
@@ -199,9 +191,9 @@ void Dialogs(const ShotTarget& to) {
     std::filesystem::remove_all(documents, ignored);
 }
 
-// Pages after the user has chosen things, closed without saving; the tasks page first, as the calendar pictures
-// change settings that both draw.
-void PlannerPictures(const ShotTarget& to) {
+// Pages after the user has chosen things, closed without saving, which keeps the choices in the settings: each page
+// comes before the pages whose choices would change its pictures.
+void ChoicePictures(const ShotTarget& to) {
     ShotWindow main;
     auto* tasks = static_cast<TasksSettingsWin*>(main.openPage(2));
     SendMessageW(tasks->control(1), CB_SETCURSEL, 0, 0);  // start and due dates
@@ -237,10 +229,6 @@ void PlannerPictures(const ShotTarget& to) {
     g_settings.calendar.ApptDisplayFormat.value = 9;
     g_settings.general.IndentItems.value = 1;
     main.picture(to, L"calendar_icons_chosen");
-}
-
-void ColourAndFontPictures(const ShotTarget& to) {
-    ShotWindow main;
     g_settings.colors.ClrStatusBusy.value = RGB(0x00, 0x66, 0xFF);
     SettingsPage* colours = main.openPage(8);
     for (int item = 13; item <= 14; ++item) {
@@ -309,6 +297,6 @@ int wmain(int argc, wchar_t** argv) {
     InitCommonControlsForProgram();
     g_app.instance = GetModuleHandleW(nullptr);
     RegisterMainWindowClass(g_app.instance);
-    for (auto take : {PagePictures, Dialogs, PlannerPictures, ColourAndFontPictures, RegistryPictures}) take(to);
+    for (auto take : {PagePictures, Dialogs, ChoicePictures, RegistryPictures}) take(to);
     return g_failures == 0 ? 0 : 1;
 }
