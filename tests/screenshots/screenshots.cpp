@@ -1,5 +1,4 @@
-// ql_screenshots <folder> <label>: the page grid, every page in every section, pages after the user has chosen
-// things (closed without saving) and the dialogs, as <folder>\<label>_*.bmp.
+// ql_screenshots <folder> <label>: the page grid, every page in every section, chosen things and the dialogs.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -43,13 +42,13 @@ void Pump(int rounds) {
 
 // A fitted main window on screen, destroyed on leaving scope.
 struct ShotWindow {
-    ShotWindow() : window_(CreateFittedMainWindow(g_app.instance)) {
-        ShowWindow(window_, SW_SHOW);
+    ShotWindow() : window(CreateFittedMainWindow(g_app.instance)) {
+        ShowWindow(window, SW_SHOW);
         Pump(8);
     }
     ~ShotWindow() {
         closePage();
-        DestroyWindow(window_);  // frees the language and display libraries, which dialogs need
+        DestroyWindow(window);  // frees the language and display libraries, which dialogs need
         Pump(2);
         SetVgaMode(false);  // reads the screen's pixels per inch
         g_app.languageLibrary = LoadLibraryW(L"QLEngRc.dll");
@@ -58,20 +57,19 @@ struct ShotWindow {
     SettingsPage* openPage(int index) {
         closePage();
         NMITEMACTIVATE activate = {{g_app.pageList, 0, static_cast<UINT>(LVN_ITEMACTIVATE)}, index};
-        SendMessageW(window_, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&activate));
+        SendMessageW(window, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&activate));
         Pump(4);
-        SettingsPage* page = g_app.currentPage;
-        return page && page->window() ? page : nullptr;
+        return g_app.currentPage && g_app.currentPage->window() ? g_app.currentPage : nullptr;
     }
     void closePage() {
-        SendMessageW(window_, kClosePageMessage, 0, 0);
+        SendMessageW(window, kClosePageMessage, 0, 0);
         Pump(2);
     }
     void picture(const ShotTarget& to, const wchar_t* name) {
         Pump(8);
-        to.save(window_, name);
+        to.save(window, name);
     }
-    HWND window_;
+    HWND window;
 };
 
 // Switches the page to another section as a click on its tab does: the tab control notifies the page.
@@ -101,11 +99,9 @@ struct TemporaryValue {
     const wchar_t *path, *name;
 };
 
-std::function<void()> g_onTimer;
+std::function<void()> g_onTimer = [] {};
 
-void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) {
-    if (g_onTimer) g_onTimer();
-}
+void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) { g_onTimer(); }
 
 // Runs `open`, which shows the dialog titled `title` modally, and takes one step every ten timer ticks while the
 // dialog is up: saves the step's picture unless null, then posts its command. After 5 s the active dialog is ended.
@@ -127,7 +123,7 @@ void DialogPictures(const ShotTarget& to, const wchar_t* title, const std::funct
     open();
     KillTimer(nullptr, timer);
     g_failures += step == steps.end() ? 0 : 1;  // the dialog never showed up or closed early
-    g_onTimer = nullptr;
+    g_onTimer = [] {};                          // a timer message may still be queued
 }
 
 void PagePictures(const ShotTarget& to) {
@@ -169,8 +165,7 @@ void Dialogs(const ShotTarget& to) {
     current.append(L"\\Holiday.bmp");
     ColourRequest colour = {RGB(0x33, 0x99, 0xCC), true};
     DialogPictures(to, L"Color", [&] { RunColourPicker(&colour); },
-                   {{nullptr, kPickerFirstTabCommand},
-                    {L"colour_picker_rgb", kPickerFirstTabCommand + 1},
+                   {{L"colour_picker_rgb", kPickerFirstTabCommand + 1},
                     {L"colour_picker_html", kPickerFirstTabCommand + 2},
                     {L"colour_picker_palette", IDCANCEL}});
     const struct {
@@ -249,8 +244,7 @@ void ChoicePictures(const ShotTarget& to) {
                    {{L"font_dialog", IDCANCEL}});
 }
 
-// Notes folders, installed organiser programs and category filters in use (the categories page has a filter section
-// only then) as the pages find them in the registry.
+// Pages showing what they find in the registry: notes folders, organiser programs, category filters in use.
 void RegistryPictures(const ShotTarget& to) {
     TemporaryValue first(HKEY_CURRENT_USER, kNotesFoldersKeyPath, L"0", L"\\Program Files");
     TemporaryValue second(HKEY_CURRENT_USER, kNotesFoldersKeyPath, L"1", L"\\windows");

@@ -22,10 +22,9 @@ void ShotTarget::save(HWND window, const wchar_t* picture) const {
     BITMAPINFOHEADER info = {sizeof info, width, height, 1, 24, BI_RGB};
     DWORD size = ((width * 3 + 3) & ~3) * height, offset = sizeof(BITMAPFILEHEADER) + sizeof info;
     BITMAPFILEHEADER header = {0x4D42, offset + size, 0, 0, offset};
-    void* pixels = nullptr;
+    void* bits = nullptr;
     HDC memory = CreateCompatibleDC(nullptr);
-    HBITMAP bitmap =
-        CreateDIBSection(memory, reinterpret_cast<BITMAPINFO*>(&info), DIB_RGB_COLORS, &pixels, nullptr, 0);
+    HBITMAP bitmap = CreateDIBSection(memory, reinterpret_cast<BITMAPINFO*>(&info), DIB_RGB_COLORS, &bits, nullptr, 0);
     SelectObject(memory, bitmap);  // a new section is black
     for (HWND part : windows) {
         GetWindowRect(part, &rect);
@@ -36,9 +35,9 @@ void ShotTarget::save(HWND window, const wchar_t* picture) const {
     }
     GdiFlush();
     std::wstring path = std::wstring(folder) + L"\\" + label + L"_" + picture + L".bmp";
-    FILE* file = pixels ? _wfopen(path.c_str(), L"wb") : nullptr;
+    FILE* file = bits ? _wfopen(path.c_str(), L"wb") : nullptr;
     bool saved = file && fwrite(&header, sizeof header, 1, file) && fwrite(&info, sizeof info, 1, file) &&
-                 fwrite(pixels, size, 1, file);
+                 fwrite(bits, size, 1, file);
     saved = file && fclose(file) == 0 && saved;
     DeleteDC(memory);
     DeleteObject(bitmap);
