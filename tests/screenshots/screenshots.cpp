@@ -104,7 +104,7 @@ std::function<void()> g_onTimer = [] {};
 void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) { g_onTimer(); }
 
 // Runs `open`, which shows the dialog titled `title` modally, and takes one step every ten timer ticks while the
-// dialog is up: saves the step's picture unless null, then posts its command. After 5 s the active dialog is ended.
+// dialog is up: saves the step's picture, then posts its command. After 5 s the active dialog is ended.
 void DialogPictures(const ShotTarget& to, const wchar_t* title, const std::function<void()>& open,
                     const std::vector<std::pair<const wchar_t*, UINT>>& steps) {
     auto step = steps.begin();
@@ -116,7 +116,7 @@ void DialogPictures(const ShotTarget& to, const wchar_t* title, const std::funct
         if (!dialog || !IsWindowVisible(dialog)) return;
         SetForegroundWindow(dialog);
         if (++ticksShown % 10 != 0) return;  // a few ticks for everything to be drawn
-        if (step->first) to.save(dialog, step->first);
+        to.save(dialog, step->first);
         PostMessageW(dialog, WM_COMMAND, step++->second, 0);
     };
     UINT_PTR timer = SetTimer(nullptr, 0, 10, OnTimer);
