@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Saves PNG pictures of the page grid, of every page and of the dialogs registered by
-# tests/screenshots/*_shots.cpp, at 96 and at 192 pixels per inch, into
+# Saves PNG pictures of the page grid, of every page section and of the dialogs, taken by
+# ql_screenshots (tests/screenshots/), at 96 and at 192 pixels per inch, into
 # docs/screenshots/. Each resolution gets a Wine prefix of its own inside the build tree.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
