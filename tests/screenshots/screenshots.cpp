@@ -59,7 +59,11 @@ struct ShotWindow {
         NMITEMACTIVATE activate = {{g_app.pageList, 0, static_cast<UINT>(LVN_ITEMACTIVATE)}, index};
         SendMessageW(window, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&activate));
         Pump(4);
-        return g_app.currentPage && g_app.currentPage->window() ? g_app.currentPage : nullptr;
+        if (!g_app.currentPage || !g_app.currentPage->window()) {
+            fwprintf(stderr, L"page %d did not open\n", index);
+            ExitProcess(1);  // every picture after this one would be of the wrong window
+        }
+        return g_app.currentPage;
     }
     void closePage() {
         SendMessageW(window, kClosePageMessage, 0, 0);
