@@ -50,14 +50,21 @@ TEST_F(BackupTest, ExportWritesTheExactBytesAndImportingThemRestoresTheTree) {
     ASSERT_TRUE(ExportSettings(path.c_str()));
     const std::wstring expected =
         L"\n[Software\\Orvane\\Quillory]\n\"Alpha\"=dword:-1\n\"Beta\"=\"C:\\path \"quoted\" 100% = x\"\n"
-        L"\"QLFiltersFileFolder\"=\"" + folder.path() + L"\"\n\"Zeta\"=dword:-2147483648\n"
+        L"\"QLFiltersFileFolder\"=\"" +
+        folder.path() +
+        L"\"\n\"Zeta\"=dword:-2147483648\n"
         L"\n[Software\\Orvane\\Quillory\\Calendar]\n\n[Software\\Orvane\\Quillory\\Colors]\n"
-        L"\"C1\"=\"" + std::wstring(127, L'x') + L"\"\n\n[Software\\Orvane\\Quillory\\Colors\\Sub]\n\"Dee\"=\"\"\n"
+        L"\"C1\"=\"" +
+        std::wstring(127, L'x') +
+        L"\"\n\n[Software\\Orvane\\Quillory\\Colors\\Sub]\n\"Dee\"=\"\"\n"
         L"\n[::Categories::]\n\"Category\"=\"Home\"\n\"FiltersFlag\"=dword:5\n\"Color\"=dword:16711680\n"
         L"\"Category\"=\"work\"\n\"FiltersFlag\"=dword:0\n\"Color\"=dword:-1\n\n[::Filters::]\n"
-        L"\"FilterName\"=\"Mine %d \x4E2D\"\n\"Index\"=dword:1\n\"VisibleState\"=dword:1\n\"IncludeUncategorized\"=dword:1\n"
+        L"\"FilterName\"=\"Mine %d "
+        L"\x4E2D\"\n\"Index\"=dword:1\n\"VisibleState\"=dword:1\n\"IncludeUncategorized\"=dword:1\n"
         L"\"FilterName\"=\"Other\"\n\"Index\"=dword:2\n\"VisibleState\"=dword:0\n\"IncludeUncategorized\"=dword:0\n"
-        L"\"FilterName\"=\"" + std::wstring(1000, L'f') + L"\"\n\"Index\"=dword:3\n\"VisibleState\"=dword:1\n"
+        L"\"FilterName\"=\"" +
+        std::wstring(1000, L'f') +
+        L"\"\n\"Index\"=dword:3\n\"VisibleState\"=dword:1\n"
         L"\"IncludeUncategorized\"=dword:0\n";
     EXPECT_EQ(ReadBytes(path), Utf16Bytes(expected));
     EXPECT_FALSE(ExportSettings(folder.file(L"missing\\out.qlsb").c_str()));
@@ -90,10 +97,13 @@ TEST_F(BackupTest, ValueLinesAreWrittenWithTheirQuirksUpToTheEmptyLine) {
     Utf16TextReader in(Utf16Bytes(
         L"\n[Software\\Orvane\\Quillory\\Q]\n\"Same\"=\"not_the_same\"\n\"Over\"=dword:4294967295\n"
         L"\"Split\"=\"a\"=\"b\"\n\"abc\"=\"\n\"a\"=\"\"\n\"Unclosed\"=\"text\nplain\n\"O\"=hex:01\n"
-        L"\"a%db\"=dword:1\n\"a%%b\"=dword:3\n\"" + std::wstring(300, L'%') +
+        L"\"a%db\"=dword:1\n\"a%%b\"=dword:3\n\"" +
+        std::wstring(300, L'%') +
         L"\"=dword:5\n[Software\\Orvane\\Quillory\\B]\n\"FromB\"=dword:6\n\n[]\n\"QLFilesTestAtRoot\"=dword:7\n"
-        L"\n[::Categories::]\n\"Category\"=\"Garden\"\n\"FiltersFlag\"=dword:1\n\"color\"=dword:1\n\"Category\"=\"work\"\n"
-        L"\"FiltersFlag\"=dword:16\n\"Extra\"=dword:1\n\"Colour\"=dword:-1\n\"Category\"=\"WORK\"\n\"FiltersFlag\"=dword:7\n"
+        L"\n[::Categories::]\n\"Category\"=\"Garden\"\n\"FiltersFlag\"=dword:1\n\"color\"=dword:1\n\"Category\"="
+        L"\"work\"\n"
+        L"\"FiltersFlag\"=dword:16\n\"Extra\"=dword:1\n\"Colour\"=dword:-1\n\"Category\"=\"WORK\"\n\"FiltersFlag\"="
+        L"dword:7\n"
         L"\"Color\"=dword:7\n\n[Software\\Orvane\\Quillory\\C]\n\"z\"=\"last\"\n\"n\"=dword:8"));
     const CategoryRecord* work = AddCategory(g_categories, L"work", 1, 100);
     ASSERT_TRUE(ReadRegistryTextFile(in, g_categories, g_filters));
@@ -143,7 +153,9 @@ TEST_F(BackupTest, ARefusedOrFailedImportKeepsWhatWasWrittenAndDoesNotReload) {
     SetInt(g_settings.general.OnClick, 4321);
     WriteBytes(folder.file(L"bad.qlsb"), Utf16Bytes(L"\n[Software\\Orvane\\Quillory]\n\"OnClick\"=dword:2\n"
                                                     L"\n[Software\\Orvane\\Quillory\\Before]\n\"B\"=dword:2\n"
-                                                    L"\n[Software\\Orvane\\Quillory\\" + std::wstring(300, L'k') + L"]\n"
+                                                    L"\n[Software\\Orvane\\Quillory\\" +
+                                                    std::wstring(300, L'k') +
+                                                    L"]\n"
                                                     L"\n[Software\\Orvane\\Quillory\\After]\n\"D\"=dword:4\n"));
     EXPECT_FALSE(ImportSettings(folder.file(L"bad.qlsb").c_str())) << "a key name too long for the registry";
     EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kProduct, L"Kept");
@@ -185,8 +197,10 @@ struct Mutator {
 };
 
 const wchar_t kBackupText[] =
-    L"\n[Software\\QLFuzz\\A]\n\"Name\"=\"text\"\n\"Number\"=dword:-1\n[Software\\QLFuzz\\B]\n\n[Software\\Orvane\\Quillory]\n"
-    L"\"Text\"=\"100%\"\n\n[Software\\Orvane\\Quillory\\Colors]\n\"%d\"=dword:5\n\n[::Categories::]\n\"Category\"=\"Name\"\n"
+    L"\n[Software\\QLFuzz\\A]\n\"Name\"=\"text\"\n\"Number\"=dword:-1\n[Software\\QLFuzz\\B]\n\n["
+    L"Software\\Orvane\\Quillory]\n"
+    L"\"Text\"=\"100%\"\n\n[Software\\Orvane\\Quillory\\Colors]\n\"%d\"=dword:5\n\n[::Categories::]\n\"Category\"="
+    L"\"Name\"\n"
     L"\"FiltersFlag\"=dword:3\n\"Extra\"=dword:1\n\"Color\"=dword:255\n\"Category\"=\"%d\"\n\"FiltersFlag\"=dword:1\n"
     L"\"Color\"=dword:1\n\n[::Filters::]\n\"FilterName\"=\"F\"\n\"Index\"=dword:3\n\"VisibleState\"=dword:0\n"
     L"\"IncludeUncategorized\"=dword:1\n\n[Software\\QLFuzz\\A\\Sub]\n\"Same\"=\"not_the_same\"\n";

@@ -8,7 +8,8 @@
 
 namespace {
 
-std::wstring Record(int position, const std::wstring& title, int sensitivity = 0, int visible = 1, int uncategorized = 0) {
+std::wstring Record(int position, const std::wstring& title, int sensitivity = 0, int visible = 1,
+                    int uncategorized = 0) {
     return L"[FILTER" + std::to_wstring(position) + L"]\r\n\"Title\"=\"" + title + L"\"\r\n\"Sensitivity\"=dword:" +
            std::to_wstring(sensitivity) + L"\r\n\"Visible\"=dword:" + std::to_wstring(visible) +
            L"\r\n\"Uncategorized\"=dword:" + std::to_wstring(uncategorized) + L"\r\n";
@@ -45,8 +46,10 @@ TEST(FiltersTest, TheFileHasTheExactBytesOnlyThirtyTwoRecordsInOrderAreTakenAndL
 
     // A byte-order mark is noise, a header may stand anywhere in its line, value names are not
     // looked at, and a character beyond U+00FF comes back as two.
-    EXPECT_TRUE(LoadFiltersFromBytes(loaded, Utf16Bytes(L"\xFEFF" + Record(0, L"A\x0141z") + L"x [FILTER1]\r\n\"A\"=\"2nd\"\r\n"
-                                                        L"\"x\"=dword:79\r\n\"y\"=dword:9\r\n\"z\"=dword:9\r\n" + Records(2, 32))));
+    EXPECT_TRUE(LoadFiltersFromBytes(loaded, Utf16Bytes(L"\xFEFF" + Record(0, L"A\x0141z") +
+                                                        L"x [FILTER1]\r\n\"A\"=\"2nd\"\r\n"
+                                                        L"\"x\"=dword:79\r\n\"y\"=dword:9\r\n\"z\"=dword:9\r\n" +
+                                                        Records(2, 32))));
     EXPECT_STREQ(loaded.head->title.c_str(), L"AA\x01z");
     const FilterRecord* second = loaded.head->next;
     EXPECT_STREQ(second->title.c_str(), L"2nd");
@@ -57,8 +60,12 @@ TEST(FiltersTest, TheFileHasTheExactBytesOnlyThirtyTwoRecordsInOrderAreTakenAndL
     const std::string bytes("ab\r\n\0c\0\nlast", 12), wide = Utf16Bytes(L"x\ny");
     ByteSource file(bytes), wideFile(wide);
     WString line;
-    const struct { ByteSource* source; int result; const wchar_t* line; } lines[] = {
-        {&file, 1, L"ab\r"}, {&file, 1, L"c"}, {&file, 0, L"lastt"}, {&file, 0, L""}, {&wideFile, 1, L"x"}, {&wideFile, 0, L"y"}};
+    const struct {
+        ByteSource* source;
+        int result;
+        const wchar_t* line;
+    } lines[] = {{&file, 1, L"ab\r"}, {&file, 1, L"c"},     {&file, 0, L"lastt"},
+                 {&file, 0, L""},     {&wideFile, 1, L"x"}, {&wideFile, 0, L"y"}};
     for (const auto& expected : lines) {
         EXPECT_EQ(ReadByteLine(*expected.source, line), expected.result) << expected.line;
         EXPECT_STREQ(line.c_str(), expected.line);
@@ -135,21 +142,26 @@ TEST(ColourSchemesTest, SaveWritesTheLookOnceAndLoadReplacesColoursAndFontsWholl
               Utf16Bytes(L"\n[Software\\Orvane\\Quillory\\Colors]\n\"ShadowFontColor\"=dword:1193046\n"
                          L"\n[Software\\Orvane\\Quillory\\Fonts]\n\"FontCalTaskslfHeight\"=dword:20\n"
                          L"\n[::Categories::]\n\"Category\"=\"Home\"\n\"FiltersFlag\"=dword:5\n\"Color\"=dword:255\n"));
-    EXPECT_TRUE(SaveSchemeFile(L"Mine") == SchemeSaveResult::kExists && SaveSchemeFile(L"") == SchemeSaveResult::kNoName);
+    EXPECT_TRUE(SaveSchemeFile(L"Mine") == SchemeSaveResult::kExists &&
+                SaveSchemeFile(L"") == SchemeSaveResult::kNoName);
     EXPECT_TRUE(ListSchemeFiles().size() == 1 && ListSchemeFiles()[0].c_str() == std::wstring(L"Mine.scm"));
 
-    WriteBytes(SchemeFilePath(L"Look.scm").c_str(), Utf16Bytes(
-        L"\n[Software\\Orvane\\Quillory\\Colors]\n\"SeperatorLineClr\"=dword:255\n\n[Software\\Orvane\\Quillory]\n"
-        L"\n[Software\\Orvane\\Quillory\\ColorsX]\n\"X\"=dword:1\n\n[Software\\Orvane\\Quillory\\Fonts\\Sub]\n\"Y\"=dword:2\n"
-        L"\n[Software\\Orvane\\Quillory\\Calendar]\n\"dNumOfDays\"=dword:9\n\n[::Filters::]\n"
-        L"\"FilterName\"=\"X\"\n\"Index\"=dword:0\n\"VisibleState\"=dword:0\n\"IncludeUncategorized\"=dword:1\n"
-        L"\n[::Categories::]\n\"Category\"=\"Home\"\n\"FiltersFlag\"=dword:2\n\"Color\"=dword:-1\n"));
+    WriteBytes(
+        SchemeFilePath(L"Look.scm").c_str(),
+        Utf16Bytes(
+            L"\n[Software\\Orvane\\Quillory\\Colors]\n\"SeperatorLineClr\"=dword:255\n\n[Software\\Orvane\\Quillory]\n"
+            L"\n[Software\\Orvane\\Quillory\\ColorsX]\n\"X\"=dword:1\n\n[Software\\Orvane\\Quillory\\Fonts\\Sub]"
+            L"\n\"Y\"=dword:2\n"
+            L"\n[Software\\Orvane\\Quillory\\Calendar]\n\"dNumOfDays\"=dword:9\n\n[::Filters::]\n"
+            L"\"FilterName\"=\"X\"\n\"Index\"=dword:0\n\"VisibleState\"=dword:0\n\"IncludeUncategorized\"=dword:1\n"
+            L"\n[::Categories::]\n\"Category\"=\"Home\"\n\"FiltersFlag\"=dword:2\n\"Color\"=dword:-1\n"));
     ASSERT_EQ(LoadSchemeFile(L"Look.scm"), SchemeLoadResult::kLoaded);
     EXPECT_REG_ABSENT(HKEY_CURRENT_USER, kFontsPath, L"FontCalTaskslfHeight");
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, (kFontsPath + std::wstring(L"\\Sub")).c_str(), L"Y", 2);
     EXPECT_FALSE(RegKeyExists(HKEY_CURRENT_USER, (kColours + std::wstring(L"X")).c_str()));
     EXPECT_EQ(g_settings.fonts.FontCalTasks.height.value, g_settings.fonts.FontCalTasks.height.defaultValue);
-    EXPECT_TRUE(g_settings.colors.SeperatorLineClr.value == 255 && g_settings.colors.ShadowFontColor.value == 0xFFFFFFFF);
+    EXPECT_TRUE(g_settings.colors.SeperatorLineClr.value == 255 &&
+                g_settings.colors.ShadowFontColor.value == 0xFFFFFFFF);
     EXPECT_REG_DWORD(HKEY_CURRENT_USER, kCalendarPath, L"dNumOfDays", 3);  // other keys are not read
     EXPECT_TRUE(AreDefaultFilters(g_filters)) << "a scheme carries no filters";
     EXPECT_TRUE(g_categories.head->filterMask == 2 && g_categories.head->colour == 0xFFFFFFFF);

@@ -66,7 +66,8 @@ std::string ValueText(const CEPROPVAL& value) {
     case CEVT_UI4: return std::to_string(v.ulVal);
     case CEVT_BOOL: return std::to_string(v.boolVal);
     case CEVT_R8: snprintf(text, sizeof text, "%g", v.dblVal); return text;
-    case CEVT_FILETIME: return std::to_string(static_cast<ULONGLONG>(v.filetime.dwHighDateTime) << 32 | v.filetime.dwLowDateTime);
+    case CEVT_FILETIME:
+        return std::to_string(static_cast<ULONGLONG>(v.filetime.dwHighDateTime) << 32 | v.filetime.dwLowDateTime);
     case CEVT_LPWSTR:
         WideCharToMultiByte(CP_UTF8, 0, v.lpwstr, -1, text, sizeof text, nullptr, nullptr);
         return '"' + std::string(text) + '"';
@@ -112,8 +113,10 @@ TEST(ObjectStore, TextFieldsParseByTypeWithinTheirBoundsAndLinesByTheirForm) {
          "1: 00010005=2.5 00040005=-0.25;"},
         {"00010040=18446744073709551615\t00020040=18446744073709551616\t00030040=0x01D0000012345678\t00040040=-1",
          "1: 00010040=18446744073709551615 00030040=130604389499164280;"},
-        {"0001001F=a\\tb\\\\c\\n\\r\t0002001F=\t0003001F=end \\\t0004001F=\\x\t0005001F=Gesch\xC3\xA4" "ft",
-         "1: 0001001F=\"a\tb\\c\n\r\" 0002001F=\"\" 0003001F=\"end \\\" 0004001F=\"\\x\" 0005001F=\"Gesch\xC3\xA4" "ft\";"},
+        {"0001001F=a\\tb\\\\c\\n\\r\t0002001F=\t0003001F=end \\\t0004001F=\\x\t0005001F=Gesch\xC3\xA4"
+         "ft",
+         "1: 0001001F=\"a\tb\\c\n\r\" 0002001F=\"\" 0003001F=\"end \\\" 0004001F=\"\\x\" 0005001F=\"Gesch\xC3\xA4"
+         "ft\";"},
         {"00010041=00ff10\t00020041=abc\t00030041=zz\t00040041=", "1: 00010041=00ff10 00040041=;"},
         // Ids of 1 to 8 hex digits, "0x" allowed; unknown types and a repeated id (of any type) are dropped.
         {"zz=1\t=2\t123456789=3\t0x123456789=3\t4001001F\t40020007=1\t40020000=1", ""},

@@ -51,8 +51,11 @@ HWND Create(DWORD exStyle, DWORD style, RECT r, HWND owner = nullptr, bool plain
     const wchar_t* name = TestWindowClass(withBar ? L"QLDeviceLike" : L"QLRecording", proc,
                                           static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
     HINSTANCE instance = GetModuleHandleW(nullptr);
-    if (plain) return CreateWindowExW(exStyle, name, L"", style, r.left, r.top, r.right, r.bottom, owner, nullptr, instance, nullptr);
-    return CreateDeviceWindow(exStyle, name, L"", style, r.left, r.top, r.right, r.bottom, owner, nullptr, instance, nullptr);
+    if (plain)
+        return CreateWindowExW(exStyle, name, L"", style, r.left, r.top, r.right, r.bottom, owner, nullptr, instance,
+                               nullptr);
+    return CreateDeviceWindow(exStyle, name, L"", style, r.left, r.top, r.right, r.bottom, owner, nullptr, instance,
+                              nullptr);
 }
 
 HWND CreatePlain(RECT r = {100, 50, 300, 400}, DWORD style = WS_OVERLAPPEDWINDOW | WS_VISIBLE, HWND owner = nullptr) {
@@ -127,7 +130,8 @@ TEST(MenuBar, ButtonsFromTheMenuPostToTheParentAndTheBarStaysDockedBelowItsClien
     SetWindowPos(parent, nullptr, 30, 40, 350, 280, SWP_NOZORDER);
     EXPECT_TRUE(Docked(bar, parent)) << "after a move and resize";
     RECT strip = Frame(bar);
-    EXPECT_EQ(WindowFromPoint({(strip.left + strip.right) / 2, strip.bottom - 2}), bar) << "the parent leaves the strip";
+    EXPECT_EQ(WindowFromPoint({(strip.left + strip.right) / 2, strip.bottom - 2}), bar)
+        << "the parent leaves the strip";
     ShowWindow(parent, SW_HIDE);
     EXPECT_FALSE(IsWindowVisible(bar));
     ShowWindow(parent, SW_SHOWNOACTIVATE);
@@ -250,15 +254,18 @@ TEST(DeviceDialog, TemplatesLoseOnlyTheCaptionOkBitAndTheDialogGetsTheOkControl)
         EXPECT_TRUE(StripCaptionOkButton(reinterpret_cast<DLGTEMPLATE*>(bytes.data())));
         EXPECT_EQ(bytes, Template(extended, 0x00000008)) << extended;
         bytes = Template(extended, extended ? WS_EX_CAPTIONOKBTN : 0);
-        EXPECT_EQ(DeviceDialogBoxIndirectParam(GetModuleHandleW(nullptr), reinterpret_cast<DLGTEMPLATE*>(bytes.data()), nullptr,
-                                               ClickOkOnceShown, 0), extended ? 77 : 5);
+        EXPECT_EQ(DeviceDialogBoxIndirectParam(GetModuleHandleW(nullptr), reinterpret_cast<DLGTEMPLATE*>(bytes.data()),
+                                               nullptr, ClickOkOnceShown, 0),
+                  extended ? 77 : 5);
     }
 }
 
 TEST(SHHandleWMActivate, RemembersTheFocusOnDeactivationAndRestoresIt) {
     HWND window = CreatePlain();
-    HWND first = CreateWindowExW(0, L"edit", L"", WS_CHILD | WS_VISIBLE, 10, 10, 100, 20, window, nullptr, nullptr, nullptr);
-    HWND second = CreateWindowExW(0, L"edit", L"", WS_CHILD | WS_VISIBLE, 10, 40, 100, 20, window, nullptr, nullptr, nullptr);
+    HWND first =
+        CreateWindowExW(0, L"edit", L"", WS_CHILD | WS_VISIBLE, 10, 10, 100, 20, window, nullptr, nullptr, nullptr);
+    HWND second =
+        CreateWindowExW(0, L"edit", L"", WS_CHILD | WS_VISIBLE, 10, 40, 100, 20, window, nullptr, nullptr, nullptr);
     SetForegroundWindow(window);
     SHACTIVATEINFO info = {kDeviceActivateInfoSize};
     SetFocus(second);

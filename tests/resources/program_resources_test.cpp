@@ -24,7 +24,8 @@ TEST(ProgramModule, DialogTemplatesCreateTheControlsTheProgramAddresses) {
         HRSRC found = FindResourceW(program, MAKEINTRESOURCEW(expected.id), RT_DIALOG);
         ASSERT_NE(found, nullptr) << expected.id;
         const auto* dialogTemplate = static_cast<const DLGTEMPLATE*>(LockResource(LoadResource(program, found)));
-        HWND dialog = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), dialogTemplate, nullptr, QuietDialogProc, 0);
+        HWND dialog =
+            CreateDialogIndirectParamW(GetModuleHandleW(nullptr), dialogTemplate, nullptr, QuietDialogProc, 0);
         ASSERT_NE(dialog, nullptr) << expected.id;
         for (const auto& control : expected.controls) {
             wchar_t name[64] = {};
@@ -39,18 +40,23 @@ TEST(ProgramModule, DialogTemplatesCreateTheControlsTheProgramAddresses) {
 // Each strip holds its images side by side at the library's scale, each on its mask colour and all different.
 TEST(DisplayLibraries, StripsHoldDistinctImagesOnTheirMaskColour) {
     struct Strip { UINT id; int width, height, images; COLORREF mask; };
-    const Strip strips[] = {{114, 16, 16, 2, 0x00C6CFDE}, {116, 32, 32, 12, 0x0000FF00}, {220, 10, 12, 2, RGB(255, 0, 0)},
+    const Strip strips[] = {{114, 16, 16, 2, 0x00C6CFDE},
+                            {116, 32, 32, 12, 0x0000FF00},
+                            {220, 10, 12, 2, RGB(255, 0, 0)},
                             {138, QL_UP_FOLDER_SIZE, QL_UP_FOLDER_SIZE, 1, QL_UP_FOLDER_MASK},
                             {140, QL_ITEM_ICON_SIZE, QL_ITEM_ICON_SIZE, QL_ITEM_ICON_COUNT, QL_ITEM_ICON_MASK}};
     for (int scale : {1, 2}) {
-        HMODULE library = LoadLibraryW((TestBinDir() + (scale == 1 ? L"\\LowDpiRes.dll" : L"\\HighDpiRes.dll")).c_str());
+        HMODULE library =
+            LoadLibraryW((TestBinDir() + (scale == 1 ? L"\\LowDpiRes.dll" : L"\\HighDpiRes.dll")).c_str());
         for (const Strip& strip : strips) {
             SCOPED_TRACE(testing::Message() << "bitmap " << strip.id << " at scale " << scale);
-            HBITMAP bitmap = static_cast<HBITMAP>(LoadImageW(library, MAKEINTRESOURCEW(strip.id), IMAGE_BITMAP, 0, 0, 0));
+            HBITMAP bitmap =
+                static_cast<HBITMAP>(LoadImageW(library, MAKEINTRESOURCEW(strip.id), IMAGE_BITMAP, 0, 0, 0));
             BITMAP info = {};
             GetObjectW(bitmap, sizeof info, &info);
             int w = strip.width * scale, h = strip.height * scale;
-            ASSERT_TRUE(info.bmWidth == w * strip.images && info.bmHeight == h) << info.bmWidth << " x " << info.bmHeight;
+            ASSERT_TRUE(info.bmWidth == w * strip.images && info.bmHeight == h)
+                << info.bmWidth << " x " << info.bmHeight;
             std::vector<DWORD> pixels(static_cast<size_t>(info.bmWidth) * h);
             BITMAPINFO request = TopDownDibInfo(info.bmWidth, h);
             HDC screen = GetDC(nullptr);
@@ -58,10 +64,12 @@ TEST(DisplayLibraries, StripsHoldDistinctImagesOnTheirMaskColour) {
             ReleaseDC(nullptr, screen);
             DeleteObject(bitmap);
             std::vector<std::vector<COLORREF>> images(strip.images);
-            for (size_t i = 0; i < pixels.size(); ++i) images[i % info.bmWidth / w].push_back(ColourOfDibPixel(pixels[i]));
+            for (size_t i = 0; i < pixels.size(); ++i)
+                images[i % info.bmWidth / w].push_back(ColourOfDibPixel(pixels[i]));
             for (int image = 0; image < strip.images; ++image) {
                 long masked = std::count(images[image].begin(), images[image].end(), strip.mask);
-                EXPECT_TRUE(masked > 0 && masked < w * h * 7 / 8) << "image " << image << " is drawn on its mask colour";
+                EXPECT_TRUE(masked > 0 && masked < w * h * 7 / 8)
+                    << "image " << image << " is drawn on its mask colour";
                 for (int other = 0; other < image; ++other) EXPECT_NE(images[image], images[other]) << image;
             }
         }

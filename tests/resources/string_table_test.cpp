@@ -32,7 +32,8 @@ TEST(LanguageLibrary, HoldsEveryTextTheProgramShows) {
     std::wstring wrong;  // ids without a text, or with one garbled by reading the source in another code page
     for (UINT id : ids) {
         std::wstring text = Text(id);
-        if (text.empty() || text.find_first_of(L"\x00C3\x00E2\xFFFD") != std::wstring::npos) wrong += std::to_wstring(id) + L" ";
+        if (text.empty() || text.find_first_of(L"\x00C3\x00E2\xFFFD") != std::wstring::npos)
+            wrong += std::to_wstring(id) + L" ";
     }
     EXPECT_EQ(wrong, L"");
     EXPECT_EQ(Text(719), L"English") << "the name a language library is offered under";

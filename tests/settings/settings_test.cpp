@@ -49,7 +49,8 @@ TEST_F(SettingsTest, ReadStringTakesTheStoredBytesOfAnyTypeAsTextEndedInsideItsB
     EXPECT_EQ(read(L"Long", REG_SZ, longText.data(), 6000), longText);
     EXPECT_EQ(read(L"LongOdd", REG_BINARY, longText.data(), 5999), longText.substr(1));
     WString out;
-    EXPECT_TRUE(ReadString(HKEY_CURRENT_USER, kScratchPath, L"Missing", out, L"d") == 0 && wcscmp(out.c_str(), L"d") == 0);
+    EXPECT_TRUE(ReadString(HKEY_CURRENT_USER, kScratchPath, L"Missing", out, L"d") == 0 &&
+                wcscmp(out.c_str(), L"d") == 0);
 }
 
 TEST_F(SettingsTest, StringsAreWrittenWithTheirTerminatorUnlessExactlyTheDefaultThenDeleted) {
