@@ -2,6 +2,7 @@
 #include <commctrl.h>
 
 #include <cstring>
+#include <string>
 #include <vector>
 
 #include "common/test_support.h"
@@ -19,7 +20,7 @@ int BarHeight() { return ScaleForDisplayY(26); }
 struct Received {
     std::vector<WPARAM> commands;  // wParam of each WM_COMMAND; the top bit marks a non-zero lParam
     int moves = 0;
-    HWND bar = nullptr;  // made on WM_CREATE by windows of the device kind
+    HWND bar = nullptr;  // an empty menu bar made on WM_CREATE, as device code does, by windows made as device ones
 };
 
 Received& ReceivedBy(HWND window) { return *reinterpret_cast<Received*>(GetWindowLongPtrW(window, GWLP_USERDATA)); }
@@ -34,28 +35,22 @@ LRESULT CALLBACK RecordingProc(HWND window, UINT message, WPARAM wParam, LPARAM 
     Received* received = reinterpret_cast<Received*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (message == WM_COMMAND) received->commands.push_back(lParam ? wParam | 0x80000000u : wParam);
     if (message == WM_MOVE) received->moves++;
+    if (message == WM_CREATE && reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams)
+        received->bar = CreateBar(window, SHCMBF_EMPTYBAR);
     if (message == WM_NCDESTROY) delete received;
     return message == WM_COMMAND ? 0 : DefWindowProcW(window, message, wParam, lParam);
 }
 
-// Like the device's windows: an empty menu bar made during WM_CREATE.
-LRESULT CALLBACK DeviceLikeProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    LRESULT result = RecordingProc(window, message, wParam, lParam);
-    if (message == WM_CREATE) ReceivedBy(window).bar = CreateBar(window, SHCMBF_EMPTYBAR);
-    return result;
-}
-
-// A window of rectangle x, y, width, height; made by CreateDeviceWindow unless `plain`.
-HWND Create(DWORD exStyle, DWORD style, RECT r, HWND owner = nullptr, bool plain = false, bool withBar = false) {
-    WNDPROC proc = withBar ? DeviceLikeProc : RecordingProc;
-    const wchar_t* name = TestWindowClass(withBar ? L"QLDeviceLike" : L"QLRecording", proc,
-                                          static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+// A window of rectangle x, y, width, height; made by CreateDeviceWindow (with a bar) unless `plain`.
+HWND Create(DWORD exStyle, DWORD style, RECT r, HWND owner = nullptr, bool plain = false) {
+    const wchar_t* name =
+        TestWindowClass(L"QLRecording", RecordingProc, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
     HINSTANCE instance = GetModuleHandleW(nullptr);
     if (plain)
         return CreateWindowExW(exStyle, name, L"", style, r.left, r.top, r.right, r.bottom, owner, nullptr, instance,
                                nullptr);
     return CreateDeviceWindow(exStyle, name, L"", style, r.left, r.top, r.right, r.bottom, owner, nullptr, instance,
-                              nullptr);
+                              instance);
 }
 
 HWND CreatePlain(RECT r = {100, 50, 300, 400}, DWORD style = WS_OVERLAPPEDWINDOW | WS_VISIBLE, HWND owner = nullptr) {
@@ -80,7 +75,7 @@ bool Same(const RECT& a, const RECT& b) { return EqualRect(&a, &b) != FALSE; }
 
 // The device's main window (style 0x14000800, default size), shortened by its menu bar as device code does.
 HWND CreateMainWindow() {
-    HWND main = Create(WS_EX_CAPTIONOKBTN, 0x14000800, {60, 40, CW_USEDEFAULT, CW_USEDEFAULT}, nullptr, false, true);
+    HWND main = Create(WS_EX_CAPTIONOKBTN, 0x14000800, {60, 40, CW_USEDEFAULT, CW_USEDEFAULT});
     RECT frame = Frame(main);
     MoveWindow(main, frame.left, frame.top, frame.right - frame.left, Height(frame) - BarHeight(), FALSE);
     return main;
@@ -92,16 +87,11 @@ bool DeviceScreenSized(HWND window) {
     return client.right == ScaleForDisplay(240) && client.bottom + BarHeight() == ScaleForDisplayY(294);
 }
 
-void Click(HWND window, RECT r) {
+void Click(HWND window, RECT r = {}) {
+    if (IsRectEmpty(&r)) GetClientRect(window, &r);
     LPARAM at = MAKELPARAM((r.left + r.right) / 2, (r.top + r.bottom) / 2);
     SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, at);
     SendMessageW(window, WM_LBUTTONUP, 0, at);
-}
-
-void ClickCentre(HWND window) {
-    RECT client;
-    GetClientRect(window, &client);
-    Click(window, client);
 }
 
 // The bar fills the strip right below the parent's client area, as wide as it, inside the frame.
@@ -114,10 +104,9 @@ bool Docked(HWND bar, HWND parent) {
 TEST(MenuBar, ButtonsFromTheMenuPostToTheParentAndTheBarStaysDockedBelowItsClientArea) {
     HMODULE library = LoadLibraryExW((TestBinDir() + L"\\QLEngRc.dll").c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
     HWND parent = CreatePlain();
-    RECT frame = Frame(parent), client = Client(parent);
+    RECT client = Client(parent);
     HWND bar = CreateBar(parent, SHCMBF_HMENU, library, 102);  // "Done" (command 1), then a drop-down
     ASSERT_EQ(SendMessageW(bar, TB_BUTTONCOUNT, 0, 0), 2);
-    EXPECT_NE(GetSubMenu(reinterpret_cast<HMENU>(SendMessageW(bar, SHCMBM_GETMENU, 0, 0)), 1), nullptr);
     RECT button;
     SendMessageW(bar, TB_GETRECT, IDOK, reinterpret_cast<LPARAM>(&button));
     Click(bar, button);
@@ -125,45 +114,33 @@ TEST(MenuBar, ButtonsFromTheMenuPostToTheParentAndTheBarStaysDockedBelowItsClien
     EXPECT_EQ(ReceivedBy(parent).commands, (std::vector<WPARAM>{IDOK | 0x80000000u}));
 
     EXPECT_TRUE(Same(Client(parent), client)) << "the parent grows by the strip instead";
-    EXPECT_EQ(Height(Frame(parent)), Height(frame) + BarHeight());
     EXPECT_TRUE(Docked(bar, parent));
     SetWindowPos(parent, nullptr, 30, 40, 350, 280, SWP_NOZORDER);
-    EXPECT_TRUE(Docked(bar, parent)) << "after a move and resize";
-    RECT strip = Frame(bar);
-    EXPECT_EQ(WindowFromPoint({(strip.left + strip.right) / 2, strip.bottom - 2}), bar)
-        << "the parent leaves the strip";
     ShowWindow(parent, SW_HIDE);
     EXPECT_FALSE(IsWindowVisible(bar));
     ShowWindow(parent, SW_SHOWNOACTIVATE);
-    EXPECT_TRUE(IsWindowVisible(bar) && Docked(bar, parent));
+    EXPECT_TRUE(IsWindowVisible(bar) && Docked(bar, parent)) << "after a move and resize";
 
-    frame = Frame(parent);
-    client = Client(parent);
+    RECT frame = Frame(parent);
     DestroyWindow(bar);
     EXPECT_EQ(Height(Frame(parent)), Height(frame) - BarHeight()) << "the strip given back";
-    EXPECT_TRUE(Same(Client(parent), client));
     DestroyWindow(parent);
     FreeLibrary(library);
 }
 
-TEST(CaptionOk, ControlSitsTopRightOrInTheMenuBarAndPostsIdok) {
+TEST(CaptionOk, ControlSitsInTheMenuBarOrTopRightAndPostsIdok) {
     HWND window = Create(WS_EX_CAPTIONOKBTN, WS_POPUP | WS_VISIBLE, {50, 50, 240, 300});
-    HWND control = CaptionOkControl(window);
-    ASSERT_NE(control, nullptr);
-    RECT client = Client(window), rect = Frame(control);
-    EXPECT_TRUE(GetParent(control) == window && client.right - rect.right < 8 && rect.top - client.top < 8);
-    ClickCentre(control);
-
-    HWND bar = CreateBar(window, SHCMBF_EMPTYBAR);
-    HWND inBar = CaptionOkControl(window);
-    RECT strip = Frame(bar);
-    rect = Frame(inBar);
-    EXPECT_TRUE(GetParent(inBar) == bar && rect.right <= strip.right && strip.right - rect.right < 8);
-    ClickCentre(inBar);
+    HWND control = CaptionOkControl(window), bar = ReceivedBy(window).bar;
+    RECT strip = Frame(bar), rect = Frame(control);
+    EXPECT_TRUE(GetParent(control) == bar && rect.right <= strip.right && strip.right - rect.right < 8);
+    Click(control);
+    DestroyWindow(bar);
+    control = CaptionOkControl(window);
+    RECT client = Client(window), inClient = Frame(control);
+    EXPECT_TRUE(GetParent(control) == window && client.right - inClient.right < 8 && inClient.top - client.top < 8);
+    Click(control);
     PumpMessages();
     EXPECT_EQ(ReceivedBy(window).commands, (std::vector<WPARAM>{IDOK, IDOK})) << "from both places";
-    DestroyWindow(bar);
-    EXPECT_EQ(GetParent(CaptionOkControl(window)), window) << "back in the client area";
     DestroyWindow(window);
 }
 
@@ -179,24 +156,16 @@ TEST(DeviceWindow, MainWindowIsDeviceSizedAndPagesCoverItsClientArea) {
     // A page (style 0x90000800) asks for its owner's window rectangle.
     frame = Frame(main);
     HWND page = Create(WS_EX_CAPTIONOKBTN, 0x90000800, {frame.left, frame.top, frame.right - frame.left, Height(frame)},
-                       main, false, true);
+                       main);
     EXPECT_TRUE(Same(Client(page), Client(main)));
     EXPECT_TRUE(Same(Frame(ReceivedBy(page).bar), Frame(ReceivedBy(main).bar))) << "its bar over the main one's";
     int moves = ReceivedBy(page).moves;
     SetWindowPos(main, nullptr, 0, 0, frame.right - frame.left + 60, Height(frame) + 40, SWP_NOMOVE | SWP_NOZORDER);
     EXPECT_TRUE(Same(Client(page), Client(main)));
     EXPECT_GT(ReceivedBy(page).moves, moves) << "a resize in place still tells the page WM_MOVE";
-    moves = ReceivedBy(main).moves;
     SetWindowPos(main, nullptr, 7, 9, frame.right - frame.left, Height(frame), SWP_NOZORDER);
-    EXPECT_EQ(ReceivedBy(main).moves, moves + 1) << "once";
     EXPECT_TRUE(Same(Client(page), Client(main))) << "after a move";
 
-    // The handle's low bit brings the owned pop-ups forward too, the page taking the input.
-    HWND other = CreatePlain({0, 0, 600, 600});
-    SetForegroundWindow(other);
-    EXPECT_TRUE(DeviceSetForegroundWindow(reinterpret_cast<HWND>(reinterpret_cast<UINT_PTR>(main) | 1)));
-    EXPECT_EQ(GetForegroundWindow(), page);
-    DestroyWindow(other);
     HWND pageBar = ReceivedBy(page).bar;
     DestroyWindow(page);
     EXPECT_TRUE(!IsWindow(pageBar) && IsWindow(ReceivedBy(main).bar)) << "the page's bar went with the page";
@@ -232,19 +201,17 @@ TEST(SHInitDialog, FullScreenDialogsCoverTheirOwnerOrTheMainWindowAndRefitWithTh
 
 INT_PTR CALLBACK ClickOkOnceShown(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) PostMessageW(dialog, WM_APP, 0, 0);
-    if (message == WM_APP && CaptionOkControl(dialog)) ClickCentre(CaptionOkControl(dialog));
+    if (message == WM_APP && CaptionOkControl(dialog)) Click(CaptionOkControl(dialog));
     if (message == WM_APP && !CaptionOkControl(dialog)) EndDialog(dialog, 5);
     if (message == WM_COMMAND && wParam == IDOK && lParam == 0) EndDialog(dialog, 77);
     return message == WM_INITDIALOG;
 }
 
+// No controls, position and size 0, no menu, no class, empty title.
 std::vector<BYTE> Template(bool extended, DWORD exStyle) {
-    std::vector<BYTE> bytes(64, 0);  // no controls, position and size 0, no menu, no class, empty title
-    DWORD style = kDialogStyle;
-    WORD head[2] = {1, 0xFFFF};
-    if (extended) memcpy(&bytes[0], head, 4);
-    memcpy(&bytes[extended ? 12 : 0], &style, 4);
-    memcpy(&bytes[extended ? 8 : 4], &exStyle, 4);
+    const DWORD classic[] = {kDialogStyle, exStyle}, extendedHead[] = {0xFFFF0001, 0, exStyle, kDialogStyle};
+    std::vector<BYTE> bytes(64, 0);
+    memcpy(bytes.data(), extended ? extendedHead : classic, extended ? 16 : 8);
     return bytes;
 }
 
@@ -260,20 +227,44 @@ TEST(DeviceDialog, TemplatesLoseOnlyTheCaptionOkBitAndTheDialogGetsTheOkControl)
     }
 }
 
-TEST(SHHandleWMActivate, RemembersTheFocusOnDeactivationAndRestoresIt) {
-    HWND window = CreatePlain();
-    HWND first =
-        CreateWindowExW(0, L"edit", L"", WS_CHILD | WS_VISIBLE, 10, 10, 100, 20, window, nullptr, nullptr, nullptr);
-    HWND second =
-        CreateWindowExW(0, L"edit", L"", WS_CHILD | WS_VISIBLE, 10, 40, 100, 20, window, nullptr, nullptr, nullptr);
-    SetForegroundWindow(window);
-    SHACTIVATEINFO info = {kDeviceActivateInfoSize};
-    SetFocus(second);
-    EXPECT_TRUE(SHHandleWMActivate(window, WA_INACTIVE, 0, &info, 0));
-    SetFocus(first);
-    EXPECT_TRUE(SHHandleWMActivate(window, WA_ACTIVE, 0, &info, 0));
-    EXPECT_EQ(GetFocus(), second);
-    DestroyWindow(window);
+HBITMAP MakeBitmap(int width, int height, const std::vector<COLORREF>& pixels) {
+    DWORD* out = nullptr;
+    HBITMAP bitmap = CreateTopDownDib(width, height, &out);
+    for (size_t i = 0; i < pixels.size(); ++i) out[i] = DibPixelOfColour(pixels[i]);
+    return bitmap;
+}
+
+const COLORREF kKey = RGB(255, 0, 255), kBackground = RGB(0, 0, 255), kInk = RGB(200, 100, 50);
+
+// What a 4 x 4 canvas of the background colour shows after `draw`: rows of '.' background, 'x' ink, '?' else.
+template <typename Draw>
+std::string Drawn(Draw draw) {
+    HDC dc = CreateCompatibleDC(nullptr);
+    HBITMAP canvas = MakeBitmap(4, 4, std::vector<COLORREF>(16, kBackground));
+    HGDIOBJ previous = SelectObject(dc, canvas);
+    draw(dc);
+    std::string rows;
+    for (int i = 0; i < 16; ++i) {
+        COLORREF pixel = GetPixel(dc, i % 4, i / 4);
+        rows += std::string(i && i % 4 == 0 ? "|" : "") + (pixel == kBackground ? '.' : pixel == kInk ? 'x' : '?');
+    }
+    DeleteObject(SelectObject(dc, previous));
+    DeleteDC(dc);
+    return rows;
+}
+
+TEST(TransparentImage, DrawsABitmapStretchedWithoutTheKeyColourAndRefusesEmptyShapes) {
+    HBITMAP source = MakeBitmap(2, 2, {kKey, kInk, kInk, kKey});
+    EXPECT_EQ(Drawn([&](HDC dc) { EXPECT_TRUE(TransparentImage(dc, 0, 0, 4, 4, source, 0, 0, 2, 2, kKey)); }),
+              "..xx|..xx|xx..|xx..");
+    EXPECT_EQ(Drawn([&](HDC dc) {
+                  EXPECT_FALSE(TransparentImage(dc, 0, 0, -2, 2, source, 0, 0, 2, 2, kKey));
+                  EXPECT_FALSE(TransparentImage(dc, 0, 0, 2, 2, source, 0, 0, 2, 0, kKey));
+                  EXPECT_FALSE(TransparentImage(dc, 0, 0, 2, 2, nullptr, 0, 0, 2, 2, kKey));
+                  EXPECT_TRUE(TransparentImage(dc, 1, 2, 3, 2, source, 1, 0, 1, 2, kKey)) << "drawn again: put back";
+              }),
+              "....|....|.xxx|....");
+    DeleteObject(source);
 }
 
 }  // namespace

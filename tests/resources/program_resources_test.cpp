@@ -19,14 +19,9 @@ TEST(ProgramModule, DialogTemplatesCreateTheControlsTheProgramAddresses) {
         {312, {}}, {313, {}},
     };
     HMODULE program = LoadLibraryExW((TestBinDir() + L"\\ql_options.exe").c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
-    ASSERT_NE(program, nullptr) << "ql_options.exe beside the test program";
     for (const Dialog& expected : dialogs) {
-        HRSRC found = FindResourceW(program, MAKEINTRESOURCEW(expected.id), RT_DIALOG);
-        ASSERT_NE(found, nullptr) << expected.id;
-        const auto* dialogTemplate = static_cast<const DLGTEMPLATE*>(LockResource(LoadResource(program, found)));
-        HWND dialog =
-            CreateDialogIndirectParamW(GetModuleHandleW(nullptr), dialogTemplate, nullptr, QuietDialogProc, 0);
-        ASSERT_NE(dialog, nullptr) << expected.id;
+        HWND dialog = CreateDialogParamW(program, MAKEINTRESOURCEW(expected.id), nullptr, QuietDialogProc, 0);
+        ASSERT_NE(dialog, nullptr) << expected.id << " from ql_options.exe beside the test program";
         for (const auto& control : expected.controls) {
             wchar_t name[64] = {};
             GetClassNameW(GetDlgItem(dialog, control.first), name, 64);
@@ -45,36 +40,29 @@ TEST(DisplayLibraries, StripsHoldDistinctImagesOnTheirMaskColour) {
                             {220, 10, 12, 2, RGB(255, 0, 0)},
                             {138, QL_UP_FOLDER_SIZE, QL_UP_FOLDER_SIZE, 1, QL_UP_FOLDER_MASK},
                             {140, QL_ITEM_ICON_SIZE, QL_ITEM_ICON_SIZE, QL_ITEM_ICON_COUNT, QL_ITEM_ICON_MASK}};
+    HDC dc = CreateCompatibleDC(nullptr);
     for (int scale : {1, 2}) {
         HMODULE library =
             LoadLibraryW((TestBinDir() + (scale == 1 ? L"\\LowDpiRes.dll" : L"\\HighDpiRes.dll")).c_str());
         for (const Strip& strip : strips) {
-            SCOPED_TRACE(testing::Message() << "bitmap " << strip.id << " at scale " << scale);
-            HBITMAP bitmap =
-                static_cast<HBITMAP>(LoadImageW(library, MAKEINTRESOURCEW(strip.id), IMAGE_BITMAP, 0, 0, 0));
-            BITMAP info = {};
-            GetObjectW(bitmap, sizeof info, &info);
             int w = strip.width * scale, h = strip.height * scale;
-            ASSERT_TRUE(info.bmWidth == w * strip.images && info.bmHeight == h)
-                << info.bmWidth << " x " << info.bmHeight;
-            std::vector<DWORD> pixels(static_cast<size_t>(info.bmWidth) * h);
-            BITMAPINFO request = TopDownDibInfo(info.bmWidth, h);
-            HDC screen = GetDC(nullptr);
-            GetDIBits(screen, bitmap, 0, h, pixels.data(), &request, DIB_RGB_COLORS);
-            ReleaseDC(nullptr, screen);
-            DeleteObject(bitmap);
+            HGDIOBJ previous = SelectObject(dc, LoadImageW(library, MAKEINTRESOURCEW(strip.id), IMAGE_BITMAP, 0, 0, 0));
+            BITMAP info = {};
+            GetObjectW(GetCurrentObject(dc, OBJ_BITMAP), sizeof info, &info);
+            ASSERT_TRUE(info.bmWidth == w * strip.images && info.bmHeight == h) << strip.id << " at scale " << scale;
             std::vector<std::vector<COLORREF>> images(strip.images);
-            for (size_t i = 0; i < pixels.size(); ++i)
-                images[i % info.bmWidth / w].push_back(ColourOfDibPixel(pixels[i]));
+            for (int x = 0; x < info.bmWidth; ++x)
+                for (int y = 0; y < h; ++y) images[x / w].push_back(GetPixel(dc, x, y));
+            DeleteObject(SelectObject(dc, previous));
             for (int image = 0; image < strip.images; ++image) {
                 long masked = std::count(images[image].begin(), images[image].end(), strip.mask);
-                EXPECT_TRUE(masked > 0 && masked < w * h * 7 / 8)
-                    << "image " << image << " is drawn on its mask colour";
+                EXPECT_TRUE(masked > 0 && masked < w * h * 7 / 8) << strip.id << " at " << scale << ": image " << image;
                 for (int other = 0; other < image; ++other) EXPECT_NE(images[image], images[other]) << image;
             }
         }
         FreeLibrary(library);
     }
+    DeleteDC(dc);
 }
 
 }  // namespace
