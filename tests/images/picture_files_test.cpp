@@ -20,7 +20,7 @@ std::string ShortestRunLength(int width, int height, int bits) {
 
 TEST(TgaDecode, HandMadeBytesSizeLimitsAndRefusals) {
     std::string idAndMap = TgaHeader(kTrueColor, 1, 1, 32, 0, 255);
-    for (int i = 3; i < 12; ++i) idAndMap[i] = '\x7F';  // colour-map specification and origin are ignored
+    for (int i = 3; i < 12; ++i) idAndMap[i] = '\x7F';  // the colour-map fields and the origin are ignored
     const std::pair<std::string, std::vector<Rgba>> cases[] = {  // bytes, the planes top row first
         {TgaHeader(kRunLength, 3, 2, 32, 0) + RawPacket({kA, kB, kC}, 32) + RunPacket(5, kX, 32),
          {kX, kX, kX, kX, kX, kC}},  // bottom row first; the run goes on into the row below
