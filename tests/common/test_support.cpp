@@ -47,6 +47,18 @@ std::string Utf16Bytes(const std::wstring& text) {
     return bytes;
 }
 
+std::wstring WideFromUtf16(const std::string& bytes) {
+    std::wstring text;
+    for (size_t i = 0; i + 1 < bytes.size(); i += 2) text.push_back(wchar_t(BYTE(bytes[i]) | BYTE(bytes[i + 1]) << 8));
+    return text;
+}
+
+std::string Narrow(const std::wstring& text) {
+    std::string out;
+    for (wchar_t c : text) out.push_back(c < 128 ? static_cast<char>(c) : '?');
+    return out;
+}
+
 void PumpMessages() {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
@@ -79,12 +91,6 @@ ReadValue Read(HKEY root, const wchar_t* path, const wchar_t* name) {
     return value;
 }
 
-std::string Narrow(const std::wstring& text) {
-    std::string out;
-    for (wchar_t c : text) out.push_back(c < 128 ? static_cast<char>(c) : '?');
-    return out;
-}
-
 std::string Where(const wchar_t* path, const wchar_t* name) {
     return Narrow(path) + " \\ " + Narrow(name ? name : L"(default)");
 }
@@ -95,7 +101,37 @@ HKEY Create(HKEY root, const wchar_t* path) {
     return key;
 }
 
+void SnapshotInto(HKEY root, const std::wstring& path, RegSnapshot& out) {
+    HKEY key;
+    if (RegOpenKeyExW(root, path.empty() ? nullptr : path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return;
+    auto& values = out[path];
+    std::wstring name(16384, L'\0');
+    for (DWORD i = 0, length = 16384, type, size = 0;
+         RegEnumValueW(key, i, &name[0], &length, nullptr, &type, nullptr, &size) == ERROR_SUCCESS;
+         ++i, length = 16384, size = 0) {
+        std::string data(size, '\0');
+        RegQueryValueExW(key, name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(&data[0]), &size);
+        values[name.substr(0, length)] = {type, data.substr(0, size)};
+    }
+    wchar_t child[256];
+    for (DWORD i = 0, length = 256;
+         RegEnumKeyExW(key, i, child, &length, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS; ++i, length = 256)
+        SnapshotInto(root, path.empty() ? std::wstring(child) : path + L"\\" + child, out);
+    RegCloseKey(key);
+}
+
 }  // namespace
+
+RegSnapshot Snapshot(HKEY root, const std::wstring& path) {
+    RegSnapshot snapshot;
+    SnapshotInto(root, path, snapshot);
+    return snapshot;
+}
+
+RegSnapshot WithoutEmptyKeys(RegSnapshot snapshot) {
+    for (auto it = snapshot.begin(); it != snapshot.end();) it = it->second.empty() ? snapshot.erase(it) : ++it;
+    return snapshot;
+}
 
 bool RegValueExists(HKEY root, const wchar_t* path, const wchar_t* name) { return Read(root, path, name).found; }
 

@@ -3,7 +3,9 @@
 // read-back that reports the caller's line, and message pumping for window tests.
 #include <windows.h>
 
+#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -29,6 +31,9 @@ void RemoveTree(const std::wstring& path);
 void WriteBytes(const std::wstring& path, const std::string& bytes);
 std::string ReadBytes(const std::wstring& path);
 std::string Utf16Bytes(const std::wstring& text);
+std::wstring WideFromUtf16(const std::string& bytes);
+// ASCII kept, anything else as '?': for test messages.
+std::string Narrow(const std::wstring& text);
 
 // Runs the message loop until no message is waiting.
 void PumpMessages();
@@ -40,6 +45,15 @@ void RegRemoveTree(HKEY root, const wchar_t* path);
 void RegPutDword(HKEY root, const wchar_t* path, const wchar_t* name, DWORD value);
 void RegPutString(HKEY root, const wchar_t* path, const wchar_t* name, const wchar_t* value);
 void RegPutRaw(HKEY root, const wchar_t* path, const wchar_t* name, DWORD type, const void* data, DWORD size);
+
+// Key path (relative to the root, as enumerated) -> value name -> (type, raw bytes).
+using RegValueData = std::pair<DWORD, std::string>;
+using RegSnapshot = std::map<std::wstring, std::map<std::wstring, RegValueData>>;
+
+// Every key and value below root\\path, path included (an empty path: the whole root).
+RegSnapshot Snapshot(HKEY root, const std::wstring& path);
+// Keys without values are left out, so that empty keys created on the way do not count.
+RegSnapshot WithoutEmptyKeys(RegSnapshot snapshot);
 
 ::testing::AssertionResult RegHasDword(HKEY root, const wchar_t* path, const wchar_t* name, DWORD expected);
 ::testing::AssertionResult RegHasString(HKEY root, const wchar_t* path, const wchar_t* name,

@@ -25,27 +25,12 @@ inline void RemoveProductKeys() {
     RegRemoveTree(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Developer One, Inc.");
 }
 
-// Values directly in a key (0 when the key is missing), and with `tree` in all its sub-keys too.
-inline DWORD RegValueCount(HKEY root, const std::wstring& path, bool tree = false) {
-    HKEY key;
-    if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return 0;
-    DWORD total = 0;
-    RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &total, nullptr, nullptr, nullptr,
-                     nullptr);
-    wchar_t child[256];
-    for (DWORD index = 0, length = 256; tree && RegEnumKeyExW(key, index, child, &length, nullptr, nullptr, nullptr,
-                                                              nullptr) == ERROR_SUCCESS;
-         ++index, length = 256)
-        total += RegValueCount(root, path + L"\\" + child, true);
-    RegCloseKey(key);
+// Values directly in a key, and in it and all its sub-keys (0 when the key is missing).
+inline size_t RegValueCount(HKEY root, const std::wstring& path) { return Snapshot(root, path)[path].size(); }
+inline size_t RegValueCountTree(HKEY root, const std::wstring& path) {
+    size_t total = 0;
+    for (const auto& key : Snapshot(root, path)) total += key.second.size();
     return total;
-}
-inline DWORD RegValueCountTree(HKEY root, const std::wstring& path) { return RegValueCount(root, path, true); }
-
-inline std::string Narrow(const std::wstring& text) {
-    std::string out;
-    for (wchar_t c : text) out.push_back(c < 128 ? static_cast<char>(c) : '?');
-    return out;
 }
 
 // Names of the settings (font parts included) whose dirty flag is set, as "key/name", space-separated.
