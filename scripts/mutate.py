@@ -7,7 +7,7 @@ and takes the first N of each area that still compile. Each mutant is applied al
 programs are rebuilt and run, and the file is restored. A site's rank depends only on its file, its
 line's text and the mutation, so an unrelated edit elsewhere does not change which sites are drawn.
 
-Run through scripts/mutate.sh, which builds the tree and prepares Wine and the display.
+Run through scripts/mutate.sh, which builds the program and prepares Wine and the display.
 """
 import argparse
 import hashlib
@@ -66,6 +66,8 @@ def blank_literals_and_comments(line, in_block):
             out.append(" " * (n - i))
             break
         if line.startswith("/*", i):
+            out.append("  ")
+            i += 2
             in_block = True
             continue
         if c in "\"'":
@@ -111,7 +113,8 @@ def find_sites(path):
                 new = str(value + 1) if value == 0 else str(value - 1)
                 sites.append((index, m.start(), old, new, "constant"))
         call = CALL_STATEMENT.match(code)
-        if call and call.group(2).split("(")[0].split("::")[-1] not in NOT_CALLS and "=" not in call.group(2).split("(")[0]:
+        callee = call.group(2).split("(")[0] if call else ""
+        if call and callee.split("::")[-1] not in NOT_CALLS and "=" not in callee:
             sites.append((index, call.start(2), raw[call.start(2):call.end(2)], "(void)0;", "call removed"))
         for m in BOOLEAN_RETURN.finditer(code):
             flipped = {"true": "false", "false": "true", "0": "1", "1": "0"}[m.group(1)]
@@ -248,9 +251,9 @@ def main():
         totals[area] = (killed, tried)
     if not args.list:
         # Rebuild what was built from mutated sources, so the tree is left as it was.
-        for area in totals:
-            run(["cmake", "--build", str(build), "--target", *test_targets(AREA_TESTS[area]), "--",
-                 "--no-print-directory"], 1800, log)
+        rebuilt = [target for area in totals for target in test_targets(AREA_TESTS[area])]
+        run(["cmake", "--build", str(build), "--target", *dict.fromkeys(rebuilt), "--", "--no-print-directory"], 1800,
+            log)
         all_killed = sum(k for k, _ in totals.values())
         all_tried = sum(t for _, t in totals.values())
         for area, (k, t) in totals.items():
